@@ -1,0 +1,144 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/values/Date.h"
+#include "platform/windowing/Control.h"
+
+namespace bravona {
+
+enum class TextStyle {
+    normal,
+    title,  // a heading
+    total,  // larger and bolder than what it totals
+    grand,  // the most visible figure of the window
+    hint    // grey
+};
+
+// A fixed text; its click and double click can be handled.
+class Label final : public Control {
+public:
+    explicit Label(std::string caption = {}) : Control(ControlKind::label), caption_(std::move(caption)) {}
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] std::string shownText() const override { return caption_; }
+
+    TextStyle style = TextStyle::normal;
+    bool fixedPitch = false;
+    bool wrap = false;
+    bool sunken = false; // reads like a read-only field
+
+private:
+    std::string caption_;
+};
+
+class Button final : public Control {
+public:
+    explicit Button(std::string caption = {}) : Control(ControlKind::button), caption_(std::move(caption)) {}
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] std::string shownText() const override { return caption_; }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+private:
+    std::string caption_;
+};
+
+// A line, or several, of text. Setting the text raises `onChange` when it differs, as typing does. Positions count characters.
+class TextBox final : public Control {
+public:
+    explicit TextBox(int widthInCharacters = 20) : Control(ControlKind::textBox), width(widthInCharacters) {}
+    [[nodiscard]] const std::string& text() const { return text_; }
+    void setText(std::string text);
+    [[nodiscard]] std::string shownText() const override { return text_; }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    [[nodiscard]] bool locked() const { return locked_; } // read-only, still selectable
+    void setLocked(bool locked);
+    [[nodiscard]] std::size_t selStart() const { return selStart_; } // the caret when nothing is selected
+    [[nodiscard]] std::size_t selLength() const { return selLength_; }
+    void select(std::size_t start, std::size_t length);
+    void selectAll();
+
+    // What the person's hand did: replaces the text and caret and raises `onChange`. For hosts.
+    void userText(std::string text, std::size_t caret);
+    void userCaret(std::size_t start, std::size_t length);
+
+    int width; // in characters, of the space it asks for
+    int lines = 1;
+    bool multiLine = false;
+    bool fixedPitch = false;
+    Align align = Align::left;
+    TextStyle style = TextStyle::normal;
+    std::size_t maxLength = 0; // 0: none
+    bool selectOnFocus = true;
+    bool grows = false; // takes spare width
+    std::function<void()> onChange;
+
+private:
+    std::string text_;
+    std::size_t selStart_ = 0;
+    std::size_t selLength_ = 0;
+    bool locked_ = false;
+};
+
+class CheckBox final : public Control {
+public:
+    explicit CheckBox(std::string caption = {}) : Control(ControlKind::checkBox), caption_(std::move(caption)) {}
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] bool checked() const { return checked_; }
+    void setChecked(bool checked); // raises `onClick` when it differs
+    [[nodiscard]] std::string shownText() const override { return checked_ ? "1" : "0"; }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+private:
+    std::string caption_;
+    bool checked_ = false;
+};
+
+// One of a group: the options of the same array, or, outside arrays, those of the same container.
+class OptionButton final : public Control {
+public:
+    explicit OptionButton(std::string caption = {}) : Control(ControlKind::optionButton), caption_(std::move(caption)) {}
+    [[nodiscard]] const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] bool chosen() const { return chosen_; }
+    void choose(); // clears the others of its group; raises `onClick` when it was not chosen
+    [[nodiscard]] std::string shownText() const override { return chosen_ ? "1" : "0"; }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+private:
+    friend class Form;
+    std::string caption_;
+    bool chosen_ = false;
+};
+
+// A date that can be typed (dd/mm/yyyy, with or without separators) and picked.
+class DatePicker final : public Control {
+public:
+    DatePicker() : Control(ControlKind::datePicker) {}
+    [[nodiscard]] Date date() const { return date_; }
+    void setDate(Date date); // raises `onChange` when it differs
+    [[nodiscard]] std::string shownText() const override { return date_.text(); }
+    [[nodiscard]] bool focusable() const override { return true; }
+    std::function<void()> onChange;
+
+private:
+    Date date_;
+};
+
+// Two small arrows beside a buddy text box.
+class SpinButton final : public Control {
+public:
+    SpinButton() : Control(ControlKind::spinButton) {}
+    // Changes the buddy's number by the step within the range, as a click on an arrow does.
+    void spin(bool up);
+    TextBox* buddy = nullptr;
+    int minimum = 0;
+    int maximum = 100;
+    int step = 1;
+};
+
+} // namespace bravona

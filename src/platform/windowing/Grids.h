@@ -1,0 +1,147 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/store/Recordset.h"
+#include "platform/windowing/Control.h"
+
+namespace bravona {
+
+// A grid of cells with a current one. Row 0 is the heading row. Editors (text boxes, a date picker) are laid over its cells by
+// their owner. Rows and columns count from 0, Errore 9 out of range.
+class FlexGrid final : public Control {
+public:
+    enum class Picture { none, paid, unpaid };
+    FlexGrid() : Control(ControlKind::flexGrid) {}
+
+    [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); } // the heading row counts
+    [[nodiscard]] int cols() const { return static_cast<int>(cols_.size()); }
+    void setRows(int rows);
+    void setCols(int cols);
+    void insertRow(int at);
+    void removeRow(int row); // Errore 30010 for the heading row
+
+    [[nodiscard]] const std::string& text(int row, int col) const;
+    void setText(int row, int col, std::string text);
+    [[nodiscard]] Picture picture(int row, int col) const;
+    void setPicture(int row, int col, Picture picture);
+    [[nodiscard]] std::optional<Colour> rowColour(int row) const;
+    void setRowColour(int row, std::optional<Colour> colour);
+
+    [[nodiscard]] int colWidth(int col) const; // twips; 0 hides the column; -1 the default
+    void setColWidth(int col, int twips);
+    [[nodiscard]] int colAlignment(int col) const; // 1 left, 4 centre, 7 right
+    void setColAlignment(int col, int alignment);
+    int rowHeight = 350; // twips
+
+    [[nodiscard]] int row() const { return row_; }
+    [[nodiscard]] int col() const { return col_; }
+    void setCurrent(int row, int col); // by code, no event
+    void scrollToBottom();
+
+    [[nodiscard]] std::string shownText() const override { return rows() > 0 && cols() > 0 ? text(row_, col_) : std::string(); }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    // Editors: an overlay stands over one cell while it is visible.
+    void placeOver(Control& editor, int row, int col);
+    struct Overlay {
+        Control* editor = nullptr;
+        int row = 0;
+        int col = 0;
+    };
+    [[nodiscard]] const std::vector<Overlay>& overlays() const { return overlays_; }
+
+    // What the hand did: goes to a cell (arrow keys, or a click, which raises `onClick`).
+    void userMove(int row, int col);
+    void userClick(int row, int col);
+    void userDblClick(int row, int col);
+
+private:
+    struct Cell {
+        std::string text;
+        Picture picture = Picture::none;
+    };
+    struct Row {
+        std::vector<Cell> cells;
+        std::optional<Colour> colour;
+    };
+    struct Col {
+        int width = -1;
+        int alignment = 1;
+    };
+    void check(int row, int col) const;
+    std::vector<Row> rows_;
+    std::vector<Col> cols_;
+    int row_ = 0;
+    int col_ = 0;
+    std::vector<Overlay> overlays_;
+};
+
+struct DataColumn {
+    std::string field;   // of the bound set; empty: by position
+    std::string caption; // empty: the field's name
+    int width = 1440;    // twips; 0 hides the column
+    Align align = Align::left;
+    std::string pattern;  // "#,##0.00"
+    bool locked = false;  // no typing
+    bool button = false;  // a button in its cells
+    bool visible = true;
+};
+
+// An editable grid bound to a record set. The current row is shared with the set. A row is committed (sent, or kept in a
+// batch set) when the person leaves it; the row after the last one is the new-row line. What the store or the column's type
+// refuses is shown (the box for a value that does not fit, or the platform's report), and the cell kept as typed.
+class DataGrid final : public Control {
+public:
+    DataGrid() : Control(ControlKind::dataGrid) {}
+    void bind(Recordset* set); // nullptr unbinds: an edit under way is committed first
+    [[nodiscard]] Recordset* recordset() const { return set_; }
+    void setColumns(std::vector<DataColumn> columns);
+    [[nodiscard]] const std::vector<DataColumn>& columns() const { return columns_; }
+
+    [[nodiscard]] std::size_t dataRows() const;  // rows of the set
+    [[nodiscard]] std::size_t shownRows() const; // with the new-row line
+    [[nodiscard]] std::string cellText(std::size_t row, std::size_t column) const;
+    [[nodiscard]] std::size_t row() const { return row_; }
+    [[nodiscard]] std::size_t col() const { return col_; }
+    [[nodiscard]] bool editing() const { return editing_; }
+    [[nodiscard]] const std::string& editText() const { return editText_; }
+
+    // By code, into the current row.
+    void setCellValue(std::size_t column, const Value& value);
+    // Sends or keeps the current row; false when it was refused (the box was shown and the cell kept).
+    bool commitRow();
+
+    [[nodiscard]] std::string shownText() const override { return {}; }
+    [[nodiscard]] bool focusable() const override { return true; }
+
+    // What the hand did. Each answers false when the move was refused and the current cell kept.
+    bool userMove(std::size_t row, std::size_t column);
+    bool userBeginEdit(const std::string& text); // typing on a cell replaces its text; locked columns refuse
+    void userEditText(std::string text);
+    bool userEndEdit(bool accept); // Enter or leaving accepts, Escape gives the old text back
+    bool userDeleteRow(std::size_t row);
+    void userButton(std::size_t row, std::size_t column);
+    bool userLeave(); // the focus leaves the grid: ends the edit; the row is committed when the grid is left for good
+
+    bool allowAddNew = true;
+    bool allowDelete = true;
+    std::function<void()> onBeforeUpdate;                  // the current row is about to be committed
+    std::function<void(std::size_t)> onButtonClick;        // column
+    std::function<void(std::size_t, std::size_t)> onChange; // row, column
+
+private:
+    Recordset* set_ = nullptr;
+    std::vector<DataColumn> columns_;
+    std::size_t row_ = 0;
+    std::size_t col_ = 0;
+    bool editing_ = false;
+    bool adding_ = false; // the new-row line has become a row not yet sent
+    std::string editText_;
+};
+
+} // namespace bravona
