@@ -1,0 +1,5 @@
+#pragma once
+
+#include "core.h"
+
+#include <gtest/gtest.h>
