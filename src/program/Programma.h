@@ -1,0 +1,21 @@
+#pragma once
+
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// The composition root: knows every screen, hands them to the registry by name, and runs the start.
+class Programma {
+public:
+    explicit Programma(Ambiente ambiente);
+    // The start sequence, up to the main window on the screen. A failure that nothing caught, and every deliberate end, leaves the
+    // desktop ended with its status.
+    void avvia();
+    [[nodiscard]] Sessione& sessione() { return sessione_; }
+
+private:
+    void registraSchermate();
+    Sessione sessione_;
+};
+
+} // namespace bravona

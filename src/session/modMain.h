@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/values/Errore.h"
+#include "platform/windowing/Lists.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// Routines that every screen shares. Failures that a routine does not tell are Errore.
+
+inline constexpr const char* titoloErrore = "Errore - Bravona";
+inline constexpr const char* passwordArchivio = "zelmar";
+
+// The start: an empty result means that the main window stands. Throws FineProcesso where the start ends the process.
+void RegistraDatiProgramma(Sessione& sessione);
+void CaricaImpostazioniDocumenti(Sessione& sessione);
+void VerificaCartelle(Sessione& sessione);
+std::string RilevaPercorsoDB(Sessione& sessione);
+void ApriConnessione(Sessione& sessione, const std::string& percorso);
+void ChiudiConnessione(Sessione& sessione);
+bool EsisteArchivio(Sessione& sessione);
+void CaricaDatiAzienda(Sessione& sessione);
+void CaricaRegistri(Sessione& sessione);
+bool NessunaFinestraAperta(const Sessione& sessione);
+void CentraFinestra(Form& finestra, bool sulloSchermo);
+// The title of the main window and its first status panel for the reference year.
+void MostraAnnoRiferimento(Sessione& sessione);
+
+// Numbering. The reference year's highest number of the table, in the register, plus 1.
+std::int32_t ProssimoNumero(Sessione& sessione, const std::string& tabella, std::int32_t registro);
+std::int32_t ProssimoNumeroTabella(Sessione& sessione, const std::string& tabella);
+void CaricaComboRegistri(const Sessione& sessione, ComboBox& combo);
+
+// The box of a routine that guards itself: "Si e' verificato il seguente errore: ", number and description, then the two lines as
+// given ("Modulo: modMain", "Routine: AzzeraCampi"), in the order given.
+void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::string& primaRiga, const std::string& secondaRiga,
+                          const std::string& separatore = " - ");
+// "Attenzione! Operazione annullata a causa dell'errore n." and the number (or "Errore n."), description and the two lines.
+void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTransazione, const std::string& primaRiga,
+                               const std::string& secondaRiga);
+
+// The wait pointer as long as it lives.
+class clsCursorWait {
+public:
+    explicit clsCursorWait(Desktop& desktop) : desktop_(desktop), previous_(desktop.pointer()) { desktop_.setPointer(Pointer::wait); }
+    ~clsCursorWait() { desktop_.setPointer(previous_); }
+    clsCursorWait(const clsCursorWait&) = delete;
+    clsCursorWait& operator=(const clsCursorWait&) = delete;
+
+private:
+    Desktop& desktop_;
+    Pointer previous_;
+};
+
+} // namespace bravona
