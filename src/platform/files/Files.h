@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,34 +12,38 @@ namespace bravona {
 using Bytes = std::vector<std::uint8_t>;
 
 // The file service: every write of the program outside the archive goes through it. Failures are Errore 53 (missing),
-// 61 (no room), 70 (no permission), 71 (drive not ready), 75 (path error: a directory, an unreadable file).
+// 61 (no room), 70 (no permission), 71 (drive not ready), 75 (path error: a directory, an unreadable file); the
+// description names the path.
 // A path may be written with "\" between folders; it means the machine's separator.
 class Files {
 public:
-    virtual ~Files() = default;
-
-    [[nodiscard]] bool exists(const std::string& path) const;       // a file
+    [[nodiscard]] bool exists(const std::string& path) const; // a file
     [[nodiscard]] bool folderExists(const std::string& path) const;
     [[nodiscard]] std::uint64_t size(const std::string& path) const;
     [[nodiscard]] Bytes read(const std::string& path) const;
     // Writes beside the target, flushes, renames over it and flushes the folder: the target holds the old bytes or the new.
-    // A link is followed: the file that it points to is replaced.
+    // A link is followed: the file that it points to is replaced. The target's permissions are kept. After a failure
+    // nothing lies beside it; what a kill left there goes at the next replacement.
     void replace(const std::string& path, const Bytes& bytes);
-    // Copies through `replace`.
+    // Copies as `replace` writes, a piece at a time.
     void copy(const std::string& from, const std::string& to);
+    // An existing file of the new name is replaced; a link is renamed itself.
     void rename(const std::string& from, const std::string& to);
-    void remove(const std::string& path); // Errore 53 when it is missing
+    void remove(const std::string& path);     // Errore 53 when it is missing; a link is removed itself
     void makeFolder(const std::string& path); // with its parents; no failure when it exists
 
-    // The next write to `path` fails with `numero` (tests and journeys).
+    // The next change of `path` (the file itself, or the link that leads to it) fails with `numero`: for `replace` and
+    // `copy` after the bytes are written and before they take their place (tests and journeys).
     void failNextWrite(const std::string& path, std::uint32_t numero);
 
     // `\` and `/` to the machine's separator.
     static std::string native(std::string_view path);
 
 private:
+    void replaceWith(const std::string& path, const std::function<void(int)>& write);
     void checkFault(const std::string& path);
-    std::map<std::string, std::uint32_t> faults_;
+
+    std::map<std::string, std::uint32_t> faults_; // by absolute path
 };
 
 } // namespace bravona

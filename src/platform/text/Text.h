@@ -1,30 +1,37 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace bravona {
 
-// All lengths and positions are counted in characters (code points), texts are UTF-8.
+// All lengths and positions are counted in characters (code points), the first one at 0; texts are UTF-8. Malformed bytes
+// count as one character for each that toCodePoints makes of them. What lies beyond the end is empty.
 std::size_t length(std::string_view text);
 std::string left(std::string_view text, std::size_t count);
 std::string right(std::string_view text, std::size_t count);
 std::string mid(std::string_view text, std::size_t start, std::size_t count = std::string::npos);
-std::string trim(std::string_view text);
+std::string trim(std::string_view text);       // without the blanks, tabs and line breaks around it
 std::string upper(std::string_view text);      // Italian capitals, accented letters included
 std::string lower(std::string_view text);
-std::string properName(std::string_view text); // first letter of each word a capital, the others small
+// First letter of each word a capital, the others small; a word begins behind a blank, an apostrophe or a hyphen too
+// ("L'Aquila", "Forlì-Cesena").
+std::string properName(std::string_view text);
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 std::string doubleQuotes(std::string_view text); // every single quote twice
-std::vector<std::string> split(std::string_view text, char separator);
+std::vector<std::string> split(std::string_view text, char separator); // one part more than separators
 
-// Italian order and equality without regard to case; accented letters differ from plain ones (è equals È, not e).
+// Italian order and equality without regard to case; accented letters differ from plain ones (è equals È, not e), which
+// counts behind all letters ("pera", "però", "perù"). Equal are exactly the texts of the same `fold`.
 int compareFolded(std::string_view a, std::string_view b);
 bool equalFolded(std::string_view a, std::string_view b);
 bool startsWithFolded(std::string_view text, std::string_view prefix);
 // The form in which two texts that compare equal without regard to case are the same bytes.
 std::string fold(std::string_view text);
+// Names the order and the folding: whatever is stored in their order is to be sorted anew when this text has changed.
+std::string collationVersion();
 
 // Exactly `lunghezza` characters: a longer text cut to its first ones, a shorter one padded with `carattere`, on the
 // right of the text (AllineaSinistra) or on its left (AllineaDestra).

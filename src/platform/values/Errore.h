@@ -26,6 +26,7 @@ private:
 };
 
 namespace errori {
+inline constexpr std::uint32_t argomentoNonValido = 5;
 inline constexpr std::uint32_t numeroTroppoGrande = 6;
 inline constexpr std::uint32_t indiceFuoriIntervallo = 9;
 inline constexpr std::uint32_t divisionePerZero = 11;
@@ -34,6 +35,7 @@ inline constexpr std::uint32_t fileMancante = 53;
 inline constexpr std::uint32_t discoPieno = 61;
 inline constexpr std::uint32_t permessoNegato = 70;
 inline constexpr std::uint32_t unitaNonPronta = 71;
+inline constexpr std::uint32_t erroreDiPercorso = 75;
 inline constexpr std::uint32_t selezioneMancante = 91;
 inline constexpr std::uint32_t valoreNullo = 94;
 inline constexpr std::uint32_t nessunRecordCorrente = 3021;

@@ -11,13 +11,15 @@ namespace bravona {
 
 // --- Reading ---------------------------------------------------------------------------------------------------
 
-// The leading number of a text, 0 if there is none: blanks skipped, sign, digits, the point alone as decimal sign, an exponent.
+// The leading number of a text, 0 if there is none: leading blanks skipped, sign, digits, the point alone as decimal sign,
+// an exponent. Throws Errore 6 for a number too big for a double.
 double leadingNumber(std::string_view text);
 // The leading number cut to a whole one and written back as plain decimal text ("2004abc" gives "2004").
 std::string leadingWholeNumberText(std::string_view text);
 
 // A whole text as a number under Italian settings: optional "€" before or after, sign before or after, points as thousands
-// separators wherever they stand, comma as decimal sign, blanks around. Empty when it is no number.
+// separators wherever they stand, comma as decimal sign, blanks around. Empty when it is no number; throws Errore 6 when
+// it is too big for a double.
 std::optional<double> parseNumber(std::string_view text);
 // The same read exactly into ten-thousandths, halves to even. Empty when it is no number; throws Errore 6 out of range.
 std::optional<Currency> parseAmount(std::string_view text);
@@ -27,6 +29,7 @@ bool isDate(std::string_view text);
 // Strict conversions: Errore 13 for a text that is no number or date, 6 out of range. Halves to even.
 std::int16_t toInt16(std::string_view text);
 std::int32_t toInt32(std::string_view text);
+std::int64_t toInt64(std::string_view text);
 double toDouble(std::string_view text);
 Currency toCurrency(std::string_view text);
 Date toDate(std::string_view text);
@@ -36,7 +39,8 @@ Date toDate(std::string_view text);
 // The number patterns in use: "###,###,##0.00" and "#,##0.00" (two decimals, points between thousands, halves away from
 // zero on the decimal form of 15 significant digits, no sign on a zero), "#,##0", "#,###" and "#,###,###,###" (whole;
 // zero is empty in the last two), "00" (at least two digits), "dd/mm/yyyy". A Null and an empty text give an empty text;
-// a text that is no number stays as it is.
+// a text that is no number (or no day) stays as it is. An empty pattern gives the value's own
+// text, a pattern of other characters throws Errore 5.
 std::string format(const Value& value, std::string_view pattern);
 // "1.234,50"
 std::string twoDecimals(double value);
