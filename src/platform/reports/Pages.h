@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -8,25 +10,26 @@
 
 namespace bravona {
 
-// Laid out pages: drawing primitives in twips (1/1440 inch) from the sheet's upper left corner. Plain data; preview, printer
-// and PDF paint the same list.
+// Laid out pages: drawing primitives in twips (1/1440 inch) from the sheet's upper left corner, in the order in which they are
+// painted. Plain data; preview, printer and PDF paint the same list.
 struct TextPrimitive {
-    int x = 0, y = 0, width = 0, height = 0; // the box; the text stands on one line in it, vertically centred
-    std::string text;                         // as printed: fitted, with its ellipsis where it was too long
+    int x = 0, y = 0, width = 0, height = 0;  // the box; the text stands on one line in it, vertically centred
+    std::string text;                         // as printed: fitted, with its ellipsis where it was too long; may be empty
     double points = 9;
     bool bold = false;
     bool italic = false;
-    bool symbol = false; // in the symbol face
+    bool symbol = false;  // in the symbol face, where "Ö" is the tick of a paid line
     Align align = Align::left;
     Colour colour = 0;
-    std::string source; // name of the control or bound column
+    std::string source;   // the bound column, of a fixed text the control
+    std::string control;  // the control
     bool detail = false;
-    int detailRow = -1; // of the page, from 0
+    int detailRow = -1;  // of the page, from 0
 };
 struct BoxPrimitive {
     int x = 0, y = 0, width = 0, height = 0;
     Colour line = 0;
-    int lineWidth = 10; // twips; 0: no outline
+    int lineWidth = 10;  // twips; 0: no outline
     bool filled = false;
     Colour fill = 0xFFFFFF;
     int radius = 0;
@@ -37,22 +40,42 @@ struct LinePrimitive {
     int lineWidth = 10;
 };
 struct ImagePrimitive {
-    int x = 0, y = 0, width = 0, height = 0; // the picture is fitted into it, its proportions kept, at the upper left
+    int x = 0, y = 0, width = 0, height = 0;  // the picture is fitted into it, its proportions kept, at the upper left
     std::string path;
-    std::string source;
+    std::string source;  // the control
 };
 using Primitive = std::variant<BoxPrimitive, LinePrimitive, ImagePrimitive, TextPrimitive>;
 
+// What the design holds on this page and keeps out of sight; never painted.
+struct HiddenText {
+    std::string text;
+    std::string source;
+    std::string control;
+    int detailRow = -1;  // -1: not in a detail row
+};
+
 struct Page {
     std::vector<Primitive> primitives;
+    std::vector<HiddenText> hidden;
     int detailRows = 0;
 };
 
 class Pages {
 public:
-    int width = 11906; // A4, twips
+    int width = 11906;  // A4, twips
     int height = 16838;
     std::vector<Page> pages;
 };
 
-} // namespace bravona
+// --- Reading pages. Names fold case; a control is found by its own name or by its column, control names first.
+
+// The text printed outside the detail rows by that control or bound column; empty when there is none in sight.
+std::optional<std::string> printedText(const Page& page, std::string_view name);
+// True when the design has that control or column on the page (outside the detail rows) and does not show it.
+bool isHidden(const Page& page, std::string_view name);
+// The text of a column in a detail row of the page, from 0; columns that the design keeps out of sight answer as well.
+std::optional<std::string> detailText(const Page& page, int row, std::string_view column);
+// True when any text of the page contains `text`, without regard to case.
+bool containsText(const Page& page, std::string_view text);
+
+}  // namespace bravona
