@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -123,10 +124,15 @@ public:
     void setDate(Date date); // raises `onChange` when it differs
     [[nodiscard]] std::string shownText() const override { return date_.text(); }
     [[nodiscard]] bool focusable() const override { return true; }
+    // Begins to type a date: the field shows this text with the caret behind it, until it is a date or is left.
+    void startTyping(std::string text);
+    [[nodiscard]] const std::optional<std::string>& typed() const { return typed_; }
+    void userTyped(std::string text); // what the hand typed so far; becomes the date as soon as it reads as one
     std::function<void()> onChange;
 
 private:
     Date date_;
+    std::optional<std::string> typed_;
 };
 
 // Two small arrows beside a buddy text box.
