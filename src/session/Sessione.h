@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ struct Ambiente {
     Settings& settings;
     Clock& clock;
     Files& files;
-    std::string cartellaProgramma; // without a separator at its end
+    std::string cartellaProgramma;  // without a separator at its end
 };
 
 struct Versione {
@@ -36,6 +37,14 @@ struct DatiDitta {
         PercorsoImmagineLogo, PartitaIva;
 };
 
+// Commands of the main window that are no screen. Whoever has one puts it here; the entries of the others stand
+// disabled.
+struct Comandi {
+    std::function<void()> CompattaArchivio;
+    std::function<void()> StampaElencoClienti;
+    std::function<void()> StampaElencoFornitori;
+};
+
 // What is process-wide. Made once, handed by reference to every screen; tests hold several side by side.
 class Sessione {
 public:
@@ -43,17 +52,18 @@ public:
     Sessione(const Sessione&) = delete;
     Sessione& operator=(const Sessione&) = delete;
 
-    Connection cn; // the single connection to the archive
+    Connection cn;  // the single connection to the archive
     std::string PercorsoArchivio;
-    std::string AnnoRiferimento = "0"; // decimal text, concatenated into statements
-    bool OmbreggiaturaAttiva = false;  // the border of the company's logo
+    std::string AnnoRiferimento = "0";  // decimal text, concatenated into statements
+    bool OmbreggiaturaAttiva = false;   // the border of the company's logo
     std::int32_t ColoreSfondo = 0;
     bravona::DatiDitta DatiDitta;
-    std::vector<std::string> ElencoRegistri{std::string()}; // from index 1: "(1) - Principale"
+    std::vector<std::string> ElencoRegistri{std::string()};  // from index 1: "(1) - Principale"
     std::unique_ptr<TabellaCodiciIva> TabellaIva;
-    std::string TipoAnagraficaCorrente = "C"; // "C" customers or "F" suppliers, for the search by name
+    std::string TipoAnagraficaCorrente = "C";  // "C" customers or "F" suppliers, for the search by name
     std::int32_t SelezioneRecord = -2;         // answers of the pick-lists
     std::int32_t SelezioneArticolo = -2;
+    bravona::Comandi Comandi;
 
     [[nodiscard]] Desktop& desktop() const { return ambiente_.desktop; }
     [[nodiscard]] Schermate& schermate() const { return ambiente_.desktop.screens(); }
@@ -66,4 +76,4 @@ private:
     Ambiente ambiente_;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -14,7 +14,7 @@ namespace bravona {
 inline constexpr const char* titoloErrore = "Errore - Bravona";
 inline constexpr const char* passwordArchivio = "zelmar";
 
-// The start: an empty result means that the main window stands. Throws FineProcesso where the start ends the process.
+// The steps of the start, in its order. FineProcesso where one of them ends the process.
 void RegistraDatiProgramma(Sessione& sessione);
 void CaricaImpostazioniDocumenti(Sessione& sessione);
 void VerificaCartelle(Sessione& sessione);
@@ -28,24 +28,30 @@ bool NessunaFinestraAperta(const Sessione& sessione);
 void CentraFinestra(Form& finestra, bool sulloSchermo);
 // The title of the main window and its first status panel for the reference year.
 void MostraAnnoRiferimento(Sessione& sessione);
+// A short word on what just happened, in the main window's status bar.
+void Annuncia(Sessione& sessione, const std::string& testo);
 
 // Numbering. The reference year's highest number of the table, in the register, plus 1.
 std::int32_t ProssimoNumero(Sessione& sessione, const std::string& tabella, std::int32_t registro);
 std::int32_t ProssimoNumeroTabella(Sessione& sessione, const std::string& tabella);
 void CaricaComboRegistri(const Sessione& sessione, ComboBox& combo);
 
-// The box of a routine that guards itself: "Si e' verificato il seguente errore: ", number and description, then the two lines as
-// given ("Modulo: modMain", "Routine: AzzeraCampi"), in the order given.
-void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::string& primaRiga, const std::string& secondaRiga,
-                          const std::string& separatore = " - ");
-// "Attenzione! Operazione annullata a causa dell'errore n." and the number (or "Errore n."), description and the two lines.
+// The box of a routine that guards itself: "Si e' verificato il seguente errore: ", number and description, then the
+// two lines as given ("Modulo: modMain", "Routine: AzzeraCampi"), in the order given.
+void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::string& primaRiga,
+                          const std::string& secondaRiga, const std::string& separatore = " - ");
+// "Attenzione! Operazione annullata a causa dell'errore n." and the number (or "Errore n."), description and the two
+// lines.
 void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTransazione, const std::string& primaRiga,
                                const std::string& secondaRiga);
 
 // The wait pointer as long as it lives.
 class clsCursorWait {
 public:
-    explicit clsCursorWait(Desktop& desktop) : desktop_(desktop), previous_(desktop.pointer()) { desktop_.setPointer(Pointer::wait); }
+    explicit clsCursorWait(Desktop& desktop) : desktop_(desktop), previous_(desktop.pointer())
+    {
+        desktop_.setPointer(Pointer::wait);
+    }
     ~clsCursorWait() { desktop_.setPointer(previous_); }
     clsCursorWait(const clsCursorWait&) = delete;
     clsCursorWait& operator=(const clsCursorWait&) = delete;
@@ -55,4 +61,4 @@ private:
     Pointer previous_;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/values/Currency.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// One row of Articoli with its VAT code. The operations answer false after having told the person why.
+class clsArticolo {
+public:
+    explicit clsArticolo(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
+
+    Currency ScaricoValore, CaricoValore;
+    double QuantitaMinima = 0, Giacenza = 0, Scarico = 0, Carico = 0;
+    Currency CostoUltimo, CostoMedio;
+    // dd/mm/yyyy; Null is read as "00/00/0000", which, like the empty text, is stored as Null.
+    std::string DataUltimoScarico, DataUltimoCarico, DataPrimoCarico;
+    Connection* DataBase;
+    std::string Immagine;  // path
+    std::int32_t IDArticolo = 0, IDCodiceIva = 0;
+    std::string DescrizioneSecondariaDue, DescrizioneSecondariaUno, DescrizionePrincipale, CodiceBarreFornitore,
+        CodiceFornitore, CodiceMagazzino;
+    // Of the VAT code; read, never written.
+    double AliquotaIva = 0;  // percent
+    std::string CodiceIva;
+
+    [[nodiscard]] const std::string& UnitaMisura() const { return unitaMisura_; }
+    void setUnitaMisura(const std::string& unita);  // a blank one is "Pz"
+
+    // False without a message when there is no such article, or its VAT code has gone.
+    bool RichiamaArticolo(std::int32_t id);
+    bool RegistraArticolo();  // inserts; `IDArticolo` is the new key
+    bool ModificaArticolo(std::int32_t id);
+    bool EliminaArticolo(std::int32_t id);
+
+private:
+    void scrivi(Recordset& record) const;
+    Sessione& sessione_;
+    std::string unitaMisura_ = "Pz";
+};
+
+}  // namespace bravona

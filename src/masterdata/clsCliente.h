@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// One row of Clienti, customer or supplier. The operations answer false after having told the person why.
+class clsCliente {
+public:
+    explicit clsCliente(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
+
+    bool VisualizzaNoteSuDocumenti = false;
+    std::string NoteGeneriche, EstremiEsenzioneIVA, DescrizioneEsenzioneIVA;
+    std::int32_t ScontoMaggiorazione1 = 0, ScontoMaggiorazione2 = 0, ScontoMaggiorazione3 = 0;  // percent
+    std::int32_t IDListino = 0, IDpagamento = 0;                                                // 0: none
+    bool EsenteIva = false;
+    std::string CAB, ABI, Banca, Tipo, Stato, CodiceFiscale, PartitaIva, PostaElettronica, Fax, TelefonoCellulare,
+        Telefono, Cap, Provincia, Citta, Indirizzo, ClienteSecondaRiga, Cliente;
+    std::int32_t IDCliente = 0;
+    Connection* DataBase;
+
+    // False without a message when there is no such row.
+    bool RichiamaCliente(std::int32_t id);
+    bool RegistraCliente();  // inserts; `IDCliente` is the new key
+    bool ModificaCliente(std::int32_t id);
+    bool EliminaCliente(std::int32_t id);
+
+private:
+    void scrivi(Recordset& record) const;
+    Sessione& sessione_;
+};
+
+}  // namespace bravona
