@@ -27,4 +27,4 @@ private:
     Date day_;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -16,41 +16,60 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t permessiNuovoFile = 0666; // less what the user's mask takes away
+constexpr mode_t permessiNuovoFile = 0666;  // less what the user's mask takes away
 constexpr mode_t soloPermessi = 07777;
 constexpr std::size_t blocco = std::size_t{1} << 18;
 
-[[noreturn]] void fallito(std::uint32_t numero, const std::string& path) {
+[[noreturn]] void fallito(std::uint32_t numero, const std::string& path)
+{
     const char* descrizione = "Errore di accesso al percorso";
     switch (numero) {
-    case errori::fileMancante: descrizione = "File non trovato"; break;
-    case errori::discoPieno: descrizione = "Spazio su disco esaurito"; break;
-    case errori::permessoNegato: descrizione = "Permesso negato"; break;
-    case errori::unitaNonPronta: descrizione = "Unità non pronta"; break;
-    default: break;
+    case errori::fileMancante:
+        descrizione = "File non trovato";
+        break;
+    case errori::discoPieno:
+        descrizione = "Spazio su disco esaurito";
+        break;
+    case errori::permessoNegato:
+        descrizione = "Permesso negato";
+        break;
+    case errori::unitaNonPronta:
+        descrizione = "Unità non pronta";
+        break;
+    default:
+        break;
     }
     throw Errore(numero, std::string(descrizione) + ": " + path);
 }
 
-std::uint32_t numeroDi(int codice) {
+std::uint32_t numeroDi(int codice)
+{
     switch (codice) {
     case ENOENT:
-    case ENOTDIR: return errori::fileMancante;
+    case ENOTDIR:
+        return errori::fileMancante;
     case ENOSPC:
     case EDQUOT:
-    case EFBIG: return errori::discoPieno;
+    case EFBIG:
+        return errori::discoPieno;
     case EACCES:
     case EPERM:
-    case EROFS: return errori::permessoNegato;
+    case EROFS:
+        return errori::permessoNegato;
     case EIO:
     case ENXIO:
     case ENODEV:
-    case ENOMEDIUM: return errori::unitaNonPronta;
-    default: return errori::erroreDiPercorso;
+    case ENOMEDIUM:
+        return errori::unitaNonPronta;
+    default:
+        return errori::erroreDiPercorso;
     }
 }
 
-[[noreturn]] void fallitoPerCodice(int codice, const std::string& path) { fallito(numeroDi(codice), path); }
+[[noreturn]] void fallitoPerCodice(int codice, const std::string& path)
+{
+    fallito(numeroDi(codice), path);
+}
 
 // A descriptor that closes with its scope.
 class Descrittore {
@@ -58,15 +77,19 @@ public:
     explicit Descrittore(int fd) : fd_(fd) {}
     Descrittore(const Descrittore&) = delete;
     Descrittore& operator=(const Descrittore&) = delete;
-    ~Descrittore() {
-        if (fd_ >= 0) ::close(fd_);
+    ~Descrittore()
+    {
+        if (fd_ >= 0)
+            ::close(fd_);
     }
     [[nodiscard]] int operator*() const { return fd_; }
     // Closes and tells of a failure: some file systems report a failed write only here.
-    void chiudi(const std::string& path) {
+    void chiudi(const std::string& path)
+    {
         const int esito = ::close(fd_);
         fd_ = -1;
-        if (esito != 0 && errno != EINTR) fallitoPerCodice(errno, path);
+        if (esito != 0 && errno != EINTR)
+            fallitoPerCodice(errno, path);
     }
 
 private:
@@ -77,17 +100,22 @@ private:
 class FileAccanto {
 public:
     explicit FileAccanto(const fs::path& bersaglio)
-        : percorso_((bersaglio.parent_path() / ("." + bersaglio.filename().string() + ".nuovo")).string()) {
+        : percorso_((bersaglio.parent_path() / ("." + bersaglio.filename().string() + ".nuovo")).string())
+    {
         ::unlink(percorso_.c_str());
     }
     FileAccanto(const FileAccanto&) = delete;
     FileAccanto& operator=(const FileAccanto&) = delete;
-    ~FileAccanto() {
-        if (!alSuoPosto_) ::unlink(percorso_.c_str());
+    ~FileAccanto()
+    {
+        if (!alSuoPosto_)
+            ::unlink(percorso_.c_str());
     }
     [[nodiscard]] const std::string& percorso() const { return percorso_; }
-    void alPostoDi(const std::string& bersaglio) {
-        if (::rename(percorso_.c_str(), bersaglio.c_str()) != 0) fallitoPerCodice(errno, bersaglio);
+    void alPostoDi(const std::string& bersaglio)
+    {
+        if (::rename(percorso_.c_str(), bersaglio.c_str()) != 0)
+            fallitoPerCodice(errno, bersaglio);
         alSuoPosto_ = true;
     }
 
@@ -96,121 +124,154 @@ private:
     bool alSuoPosto_ = false;
 };
 
-void scrivi(int fd, const std::uint8_t* dati, std::size_t quanti, const std::string& path) {
+void scrivi(int fd, const std::uint8_t* dati, std::size_t quanti, const std::string& path)
+{
     while (quanti > 0) {
         const ssize_t n = ::write(fd, dati, quanti);
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) fallitoPerCodice(errno, path);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0)
+            fallitoPerCodice(errno, path);
         dati += n;
         quanti -= static_cast<std::size_t>(n);
     }
 }
 
 // As many bytes as there are up to the end, 0 at the end.
-std::size_t leggi(int fd, std::uint8_t* dati, std::size_t quanti, const std::string& path) {
+std::size_t leggi(int fd, std::uint8_t* dati, std::size_t quanti, const std::string& path)
+{
     for (;;) {
         const ssize_t n = ::read(fd, dati, quanti);
-        if (n >= 0) return static_cast<std::size_t>(n);
-        if (errno != EINTR) fallitoPerCodice(errno, path);
+        if (n >= 0)
+            return static_cast<std::size_t>(n);
+        if (errno != EINTR)
+            fallitoPerCodice(errno, path);
     }
 }
 
-struct stat stato(const std::string& path) {
+struct stat stato(const std::string& path)
+{
     struct stat s {};
-    if (::stat(path.c_str(), &s) != 0) fallitoPerCodice(errno, path);
-    if (!S_ISREG(s.st_mode)) fallito(errori::erroreDiPercorso, path);
+    if (::stat(path.c_str(), &s) != 0)
+        fallitoPerCodice(errno, path);
+    if (!S_ISREG(s.st_mode))
+        fallito(errori::erroreDiPercorso, path);
     return s;
 }
 
 // Opens a regular file. The check comes first: opening a pipe would wait for its other end.
-int apriLettura(const std::string& path) {
+int apriLettura(const std::string& path)
+{
     stato(path);
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        if (errno == EACCES || errno == EPERM) fallito(errori::erroreDiPercorso, path);
+        if (errno == EACCES || errno == EPERM)
+            fallito(errori::erroreDiPercorso, path);
         fallitoPerCodice(errno, path);
     }
     return fd;
 }
 
-void consolidaCartella(const fs::path& file) {
+void consolidaCartella(const fs::path& file)
+{
     const fs::path cartella = file.has_parent_path() ? file.parent_path() : fs::path(".");
     const Descrittore fd(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     // A folder that may be written to but not read cannot be flushed, nor can some file systems.
-    if (*fd < 0 || ::fsync(*fd) == 0 || errno == EINVAL || errno == ENOTSUP) return;
+    if (*fd < 0 || ::fsync(*fd) == 0 || errno == EINVAL || errno == ENOTSUP)
+        return;
     fallitoPerCodice(errno, cartella.string());
 }
 
 // The file at the end of the links, which need not exist.
-fs::path inFondoAiLink(fs::path path) {
+fs::path inFondoAiLink(fs::path path)
+{
     constexpr int massimo = 40;
     std::error_code ec;
     for (int i = 0; i < massimo; ++i) {
-        if (!fs::is_symlink(fs::symlink_status(path, ec))) return path;
+        if (!fs::is_symlink(fs::symlink_status(path, ec)))
+            return path;
         const fs::path meta = fs::read_symlink(path, ec);
-        if (ec) fallitoPerCodice(ec.value(), path.string());
-        path = path.parent_path() / meta; // an absolute one stays as it is
+        if (ec)
+            fallitoPerCodice(ec.value(), path.string());
+        path = path.parent_path() / meta;  // an absolute one stays as it is
     }
     fallitoPerCodice(ELOOP, path.string());
 }
 
-std::string assoluto(const fs::path& path) {
+std::string assoluto(const fs::path& path)
+{
     std::error_code ec;
     const fs::path tutto = fs::absolute(path, ec);
     return (ec ? path : tutto).lexically_normal().string();
 }
 
-} // namespace
+}  // namespace
 
-std::string Files::native(std::string_view path) {
+std::string Files::native(std::string_view path)
+{
     std::string s(path);
     for (char& c : s) {
-        if (c == '\\' || c == '/') c = static_cast<char>(fs::path::preferred_separator);
+        if (c == '\\' || c == '/')
+            c = static_cast<char>(fs::path::preferred_separator);
     }
     return s;
 }
 
-bool Files::exists(const std::string& path) const {
+bool Files::exists(const std::string& path) const
+{
     std::error_code ec;
     return fs::is_regular_file(native(path), ec);
 }
 
-bool Files::folderExists(const std::string& path) const {
+bool Files::folderExists(const std::string& path) const
+{
     std::error_code ec;
     return fs::is_directory(native(path), ec);
 }
 
-std::uint64_t Files::size(const std::string& path) const { return static_cast<std::uint64_t>(stato(native(path)).st_size); }
+std::uint64_t Files::size(const std::string& path) const
+{
+    return static_cast<std::uint64_t>(stato(native(path)).st_size);
+}
 
-Bytes Files::read(const std::string& path) const {
+Bytes Files::read(const std::string& path) const
+{
     const std::string file = native(path);
     const Descrittore fd(apriLettura(file));
     Bytes bytes(static_cast<std::size_t>(stato(file).st_size));
     std::size_t letti = 0;
     // The file may grow or shrink meanwhile: what counts is the end that reading finds.
     for (;;) {
-        if (letti == bytes.size()) bytes.resize(letti + blocco);
+        if (letti == bytes.size())
+            bytes.resize(letti + blocco);
         const std::size_t n = leggi(*fd, bytes.data() + letti, bytes.size() - letti, file);
-        if (n == 0) break;
+        if (n == 0)
+            break;
         letti += n;
     }
     bytes.resize(letti);
     return bytes;
 }
 
-void Files::replaceWith(const std::string& path, const std::function<void(int)>& write) {
+void Files::replaceWith(const std::string& path, const std::function<void(int)>& write)
+{
     const fs::path richiesto = native(path);
     const fs::path bersaglio = inFondoAiLink(richiesto);
     struct stat vecchio {};
     const bool esiste = ::stat(bersaglio.c_str(), &vecchio) == 0;
-    if (esiste && !S_ISREG(vecchio.st_mode)) fallito(errori::erroreDiPercorso, bersaglio.string());
+    if (esiste && !S_ISREG(vecchio.st_mode))
+        fallito(errori::erroreDiPercorso, bersaglio.string());
 
     FileAccanto accanto(bersaglio);
-    Descrittore fd(::open(accanto.percorso().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessiNuovoFile));
-    if (*fd < 0) fallitoPerCodice(errno, bersaglio.string());
-    if (esiste && ::fchmod(*fd, vecchio.st_mode & soloPermessi) != 0) fallitoPerCodice(errno, bersaglio.string());
+    Descrittore fd(
+        ::open(accanto.percorso().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessiNuovoFile));
+    if (*fd < 0)
+        fallitoPerCodice(errno, bersaglio.string());
+    if (esiste && ::fchmod(*fd, vecchio.st_mode & soloPermessi) != 0)
+        fallitoPerCodice(errno, bersaglio.string());
     write(*fd);
-    if (::fsync(*fd) != 0) fallitoPerCodice(errno, bersaglio.string());
+    if (::fsync(*fd) != 0)
+        fallitoPerCodice(errno, bersaglio.string());
     fd.chiudi(bersaglio.string());
     checkFault(richiesto.string());
     checkFault(bersaglio.string());
@@ -218,11 +279,13 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
     consolidaCartella(bersaglio);
 }
 
-void Files::replace(const std::string& path, const Bytes& bytes) {
+void Files::replace(const std::string& path, const Bytes& bytes)
+{
     replaceWith(path, [&](int fd) { scrivi(fd, bytes.data(), bytes.size(), path); });
 }
 
-void Files::copy(const std::string& from, const std::string& to) {
+void Files::copy(const std::string& from, const std::string& to)
+{
     const std::string origine = native(from);
     const Descrittore lettura(apriLettura(origine));
     replaceWith(to, [&](int scrittura) {
@@ -233,12 +296,14 @@ void Files::copy(const std::string& from, const std::string& to) {
     });
 }
 
-void Files::rename(const std::string& from, const std::string& to) {
+void Files::rename(const std::string& from, const std::string& to)
+{
     const std::string vecchio = native(from);
     const std::string nuovo = native(to);
     checkFault(nuovo);
     if (::rename(vecchio.c_str(), nuovo.c_str()) != 0) {
-        if (errno != EXDEV) fallitoPerCodice(errno, errno == ENOENT ? vecchio : nuovo);
+        if (errno != EXDEV)
+            fallitoPerCodice(errno, errno == ENOENT ? vecchio : nuovo);
         // On another disk: copied whole before the old one goes.
         copy(vecchio, nuovo);
         remove(vecchio);
@@ -248,33 +313,46 @@ void Files::rename(const std::string& from, const std::string& to) {
     consolidaCartella(vecchio);
 }
 
-void Files::remove(const std::string& path) {
+void Files::remove(const std::string& path)
+{
     const std::string file = native(path);
     checkFault(file);
     struct stat s {};
-    if (::lstat(file.c_str(), &s) != 0) fallitoPerCodice(errno, file);
-    if (S_ISDIR(s.st_mode)) fallito(errori::erroreDiPercorso, file);
-    if (::unlink(file.c_str()) != 0) fallitoPerCodice(errno, file);
+    if (::lstat(file.c_str(), &s) != 0)
+        fallitoPerCodice(errno, file);
+    if (S_ISDIR(s.st_mode))
+        fallito(errori::erroreDiPercorso, file);
+    if (::unlink(file.c_str()) != 0)
+        fallitoPerCodice(errno, file);
     consolidaCartella(file);
 }
 
-void Files::makeFolder(const std::string& path) {
+void Files::makeFolder(const std::string& path)
+{
     const std::string cartella = native(path);
     checkFault(cartella);
     std::error_code ec;
     fs::create_directories(cartella, ec);
-    if (!ec && fs::is_directory(cartella, ec)) return;
+    if (!ec && fs::is_directory(cartella, ec))
+        return;
     // A file in the way, on whatever level, is a wrong path and no missing file.
-    if (!ec || ec.value() == ENOTDIR) fallito(errori::erroreDiPercorso, cartella);
+    if (!ec || ec.value() == ENOTDIR)
+        fallito(errori::erroreDiPercorso, cartella);
     fallitoPerCodice(ec.value(), cartella);
 }
 
-void Files::failNextWrite(const std::string& path, std::uint32_t numero) { faults_[assoluto(native(path))] = numero; }
-
-void Files::checkFault(const std::string& path) {
-    if (faults_.empty()) return;
-    const auto guasto = faults_.extract(assoluto(path));
-    if (guasto) fallito(guasto.mapped(), path);
+void Files::failNextWrite(const std::string& path, std::uint32_t numero)
+{
+    faults_[assoluto(native(path))] = numero;
 }
 
-} // namespace bravona
+void Files::checkFault(const std::string& path)
+{
+    if (faults_.empty())
+        return;
+    const auto guasto = faults_.extract(assoluto(path));
+    if (guasto)
+        fallito(guasto.mapped(), path);
+}
+
+}  // namespace bravona

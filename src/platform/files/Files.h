@@ -17,20 +17,20 @@ using Bytes = std::vector<std::uint8_t>;
 // A path may be written with "\" between folders; it means the machine's separator.
 class Files {
 public:
-    [[nodiscard]] bool exists(const std::string& path) const; // a file
+    [[nodiscard]] bool exists(const std::string& path) const;  // a file
     [[nodiscard]] bool folderExists(const std::string& path) const;
     [[nodiscard]] std::uint64_t size(const std::string& path) const;
     [[nodiscard]] Bytes read(const std::string& path) const;
-    // Writes beside the target, flushes, renames over it and flushes the folder: the target holds the old bytes or the new.
-    // A link is followed: the file that it points to is replaced. The target's permissions are kept. After a failure
-    // nothing lies beside it; what a kill left there goes at the next replacement.
+    // Writes beside the target, flushes, renames over it and flushes the folder: the target holds the old bytes or the
+    // new. A link is followed: the file that it points to is replaced. The target's permissions are kept. After a
+    // failure nothing lies beside it; what a kill left there goes at the next replacement.
     void replace(const std::string& path, const Bytes& bytes);
     // Copies as `replace` writes, a piece at a time.
     void copy(const std::string& from, const std::string& to);
     // An existing file of the new name is replaced; a link is renamed itself.
     void rename(const std::string& from, const std::string& to);
-    void remove(const std::string& path);     // Errore 53 when it is missing; a link is removed itself
-    void makeFolder(const std::string& path); // with its parents; no failure when it exists
+    void remove(const std::string& path);      // Errore 53 when it is missing; a link is removed itself
+    void makeFolder(const std::string& path);  // with its parents; no failure when it exists
 
     // The next change of `path` (the file itself, or the link that leads to it) fails with `numero`: for `replace` and
     // `copy` after the bytes are written and before they take their place (tests and journeys).
@@ -43,7 +43,7 @@ private:
     void replaceWith(const std::string& path, const std::function<void(int)>& write);
     void checkFault(const std::string& path);
 
-    std::map<std::string, std::uint32_t> faults_; // by absolute path
+    std::map<std::string, std::uint32_t> faults_;  // by absolute path
 };
 
-} // namespace bravona
+}  // namespace bravona

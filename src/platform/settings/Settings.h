@@ -16,7 +16,8 @@ public:
     [[nodiscard]] virtual std::optional<std::string> find(std::string_view section, std::string_view key) const = 0;
     virtual void save(std::string_view section, std::string_view key, std::string_view value) = 0;
 
-    [[nodiscard]] std::string get(std::string_view section, std::string_view key, std::string_view fallback = {}) const {
+    [[nodiscard]] std::string get(std::string_view section, std::string_view key, std::string_view fallback = {}) const
+    {
         return find(section, key).value_or(std::string(fallback));
     }
 };
@@ -31,4 +32,4 @@ private:
     std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -7,21 +7,21 @@
 
 namespace bravona {
 
-// All lengths and positions are counted in characters (code points), the first one at 0; texts are UTF-8. Malformed bytes
-// count as one character for each that toCodePoints makes of them. What lies beyond the end is empty.
+// All lengths and positions are counted in characters (code points), the first one at 0; texts are UTF-8. Malformed
+// bytes count as one character for each that toCodePoints makes of them. What lies beyond the end is empty.
 std::size_t length(std::string_view text);
 std::string left(std::string_view text, std::size_t count);
 std::string right(std::string_view text, std::size_t count);
 std::string mid(std::string_view text, std::size_t start, std::size_t count = std::string::npos);
-std::string trim(std::string_view text);       // without the blanks, tabs and line breaks around it
-std::string upper(std::string_view text);      // Italian capitals, accented letters included
+std::string trim(std::string_view text);   // without the blanks, tabs and line breaks around it
+std::string upper(std::string_view text);  // Italian capitals, accented letters included
 std::string lower(std::string_view text);
 // First letter of each word a capital, the others small; a word begins behind a blank, an apostrophe or a hyphen too
 // ("L'Aquila", "Forlì-Cesena").
 std::string properName(std::string_view text);
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
-std::string doubleQuotes(std::string_view text); // every single quote twice
-std::vector<std::string> split(std::string_view text, char separator); // one part more than separators
+std::string doubleQuotes(std::string_view text);                        // every single quote twice
+std::vector<std::string> split(std::string_view text, char separator);  // one part more than separators
 
 // Italian order and equality without regard to case; accented letters differ from plain ones (è equals È, not e), which
 // counts behind all letters ("pera", "però", "perù"). Equal are exactly the texts of the same `fold`.
@@ -47,4 +47,4 @@ char32_t mnemonic(std::string_view caption);
 std::u32string toCodePoints(std::string_view text);
 std::string fromCodePoints(std::u32string_view text);
 
-} // namespace bravona
+}  // namespace bravona

@@ -13,7 +13,8 @@ public:
     static constexpr std::int64_t unitaPerEuro = 10'000;
 
     constexpr Currency() = default;
-    static constexpr Currency fromTenThousandths(std::int64_t n) {
+    static constexpr Currency fromTenThousandths(std::int64_t n)
+    {
         Currency c;
         c.n_ = n;
         return c;
@@ -39,4 +40,4 @@ private:
     std::int64_t n_ = 0;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -17,12 +17,12 @@ class Decimal {
 public:
     // How a number is written. Always the Italian signs: comma for decimals, points between thousands.
     struct Layout {
-        int minWhole = 1; // digits before the comma, at least
-        int decimals = 0; // digits after the comma, always all of them
+        int minWhole = 1;  // digits before the comma, at least
+        int decimals = 0;  // digits after the comma, always all of them
         bool groups = false;
     };
 
-    Decimal() = default; // zero
+    Decimal() = default;  // zero
     // Its decimal form of 15 significant digits. Throws Errore 6 for a value that is no number or infinite.
     static Decimal fromDouble(double value);
     // value / 10^decimals
@@ -53,9 +53,9 @@ private:
     [[nodiscard]] char digitAt(int i) const { return i >= 0 && i < n_ ? digits_[static_cast<std::size_t>(i)] : '0'; }
 
     bool negative_ = false;
-    int n_ = 0; // no leading and no trailing zeros among them
+    int n_ = 0;  // no leading and no trailing zeros among them
     int point_ = 0;
     std::array<char, maxDigits> digits_{};
 };
 
-} // namespace bravona
+}  // namespace bravona

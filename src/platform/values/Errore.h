@@ -12,7 +12,10 @@ namespace bravona {
 class Errore : public std::runtime_error {
 public:
     Errore(std::uint32_t numero, const std::string& descrizione, std::string origine = {})
-        : std::runtime_error(descrizione), numero_(numero), origine_(std::move(origine)) {}
+        : std::runtime_error(descrizione),
+          numero_(numero),
+          origine_(std::move(origine))
+    {}
 
     // Number of the failure, in the program's own number space or the store's.
     [[nodiscard]] std::uint32_t numero() const noexcept { return numero_; }
@@ -44,6 +47,6 @@ inline constexpr std::uint32_t recordCorrelati = 3200;
 inline constexpr std::uint32_t testoObbligatorioVuoto = 3315;
 inline constexpr std::uint32_t chiaveGiaInElenco = 35602;
 inline constexpr std::uint32_t codec = 0x80040000U;
-} // namespace errori
+}  // namespace errori
 
-} // namespace bravona
+}  // namespace bravona

@@ -15,18 +15,22 @@ constexpr int decimaliCurrency = 4;
 constexpr std::string_view patternData = "dd/mm/yyyy";
 constexpr Decimal::Layout dueDecimali{.minWhole = 1, .decimals = 2, .groups = true};
 
-[[noreturn]] void nonUnNumero(std::string_view text) {
+[[noreturn]] void nonUnNumero(std::string_view text)
+{
     throw Errore(errori::testoNonConvertibile, "\"" + std::string(text) + "\" non è un numero");
 }
 
-Decimal leggi(std::string_view text) {
+Decimal leggi(std::string_view text)
+{
     const auto d = Decimal::parse(text);
-    if (!d) nonUnNumero(text);
+    if (!d)
+        nonUnNumero(text);
     return *d;
 }
 
 template <typename Intero>
-Intero intero(std::string_view text) {
+Intero intero(std::string_view text)
+{
     const auto n = leggi(text).scaled(0, Rounding::halfToEven);
     if (!n || *n < std::numeric_limits<Intero>::min() || *n > std::numeric_limits<Intero>::max()) {
         throw Errore(errori::numeroTroppoGrande, "Numero troppo grande");
@@ -34,30 +38,36 @@ Intero intero(std::string_view text) {
     return static_cast<Intero>(*n);
 }
 
-Currency importo(const Decimal& d) {
+Currency importo(const Decimal& d)
+{
     const auto n = d.scaled(decimaliCurrency, Rounding::halfToEven);
-    if (!n) throw Errore(errori::numeroTroppoGrande, "Importo troppo grande");
+    if (!n)
+        throw Errore(errori::numeroTroppoGrande, "Importo troppo grande");
     return Currency::fromTenThousandths(*n);
 }
 
-std::string conDueDecimali(Decimal d) {
+std::string conDueDecimali(Decimal d)
+{
     return d.round(dueDecimali.decimals, Rounding::halfAwayFromZero).text(dueDecimali);
 }
 
-std::string importoEuro(Decimal d) {
+std::string importoEuro(Decimal d)
+{
     std::string s = conDueDecimali(d);
     s.insert(s.front() == '-' ? 1 : 0, "\u20AC ");
     return s;
 }
 
 // The decimal behind a value; empty for Null and for a text that is no number.
-std::optional<Decimal> decimale(const Value& value) {
+std::optional<Decimal> decimale(const Value& value)
+{
     struct Visita {
         std::optional<Decimal> operator()(std::monostate) const { return std::nullopt; }
         std::optional<Decimal> operator()(bool v) const { return Decimal::fromScaled(v ? -1 : 0); }
         std::optional<Decimal> operator()(std::int64_t v) const { return Decimal::fromScaled(v); }
         std::optional<Decimal> operator()(double v) const { return Decimal::fromDouble(v); }
-        std::optional<Decimal> operator()(Currency v) const {
+        std::optional<Decimal> operator()(Currency v) const
+        {
             return Decimal::fromScaled(v.tenThousandths(), decimaliCurrency);
         }
         std::optional<Decimal> operator()(Date v) const { return Decimal::fromScaled(v.dayNumber()); }
@@ -66,7 +76,8 @@ std::optional<Decimal> decimale(const Value& value) {
     return std::visit(Visita{}, value.variant());
 }
 
-Decimal::Layout layoutDi(std::string_view pattern) {
+Decimal::Layout layoutDi(std::string_view pattern)
+{
     Decimal::Layout layout{.minWhole = 0, .decimals = 0, .groups = false};
     bool decimali = false;
     for (const char c : pattern) {
@@ -83,7 +94,8 @@ Decimal::Layout layoutDi(std::string_view pattern) {
     return layout;
 }
 
-std::string formatData(const Value& value) {
+std::string formatData(const Value& value)
+{
     if (const auto* testo = std::get_if<std::string>(&value.variant())) {
         const auto data = Date::parse(*testo);
         return data ? data->text() : *testo;
@@ -91,21 +103,29 @@ std::string formatData(const Value& value) {
     return value.toDate().text();
 }
 
-bool cifra(char c) { return c >= '0' && c <= '9'; }
+bool cifra(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
-std::size_t oltreLeCifre(std::string_view text, std::size_t da) {
-    while (da < text.size() && cifra(text[da])) ++da;
+std::size_t oltreLeCifre(std::string_view text, std::size_t da)
+{
+    while (da < text.size() && cifra(text[da]))
+        ++da;
     return da;
 }
 
-} // namespace
+}  // namespace
 
-double leadingNumber(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t' || text.front() == '\r' || text.front() == '\n')) {
+double leadingNumber(std::string_view text)
+{
+    while (!text.empty() &&
+           (text.front() == ' ' || text.front() == '\t' || text.front() == '\r' || text.front() == '\n')) {
         text.remove_prefix(1);
     }
     const bool negativo = text.starts_with('-');
-    if (negativo || text.starts_with('+')) text.remove_prefix(1);
+    if (negativo || text.starts_with('+'))
+        text.remove_prefix(1);
 
     std::size_t fine = oltreLeCifre(text, 0);
     std::size_t cifre = fine;
@@ -114,12 +134,15 @@ double leadingNumber(std::string_view text) {
         cifre += dopo - fine - 1;
         fine = dopo;
     }
-    if (cifre == 0) return 0;
+    if (cifre == 0)
+        return 0;
     if (fine < text.size() && (text[fine] == 'e' || text[fine] == 'E')) {
         std::size_t esponente = fine + 1;
-        if (esponente < text.size() && (text[esponente] == '-' || text[esponente] == '+')) ++esponente;
+        if (esponente < text.size() && (text[esponente] == '-' || text[esponente] == '+'))
+            ++esponente;
         const std::size_t dopo = oltreLeCifre(text, esponente);
-        if (dopo > esponente) fine = dopo;
+        if (dopo > esponente)
+            fine = dopo;
     }
     double value = 0;
     if (std::from_chars(text.data(), text.data() + fine, value).ec == std::errc::result_out_of_range) {
@@ -133,76 +156,132 @@ double leadingNumber(std::string_view text) {
     return negativo ? 0 - value : value;
 }
 
-std::string leadingWholeNumberText(std::string_view text) {
+std::string leadingWholeNumberText(std::string_view text)
+{
     return Decimal::fromDouble(std::trunc(leadingNumber(text))).text();
 }
 
-std::optional<double> parseNumber(std::string_view text) {
+std::optional<double> parseNumber(std::string_view text)
+{
     const auto d = Decimal::parse(text);
-    if (!d) return std::nullopt;
+    if (!d)
+        return std::nullopt;
     return d->toDouble();
 }
 
-std::optional<Currency> parseAmount(std::string_view text) {
+std::optional<Currency> parseAmount(std::string_view text)
+{
     const auto d = Decimal::parse(text);
-    if (!d) return std::nullopt;
+    if (!d)
+        return std::nullopt;
     return importo(*d);
 }
 
-bool isNumeric(std::string_view text) { return Decimal::parse(text).has_value(); }
+bool isNumeric(std::string_view text)
+{
+    return Decimal::parse(text).has_value();
+}
 
-bool isDate(std::string_view text) { return Date::parse(text).has_value(); }
+bool isDate(std::string_view text)
+{
+    return Date::parse(text).has_value();
+}
 
-std::int16_t toInt16(std::string_view text) { return intero<std::int16_t>(text); }
+std::int16_t toInt16(std::string_view text)
+{
+    return intero<std::int16_t>(text);
+}
 
-std::int32_t toInt32(std::string_view text) { return intero<std::int32_t>(text); }
+std::int32_t toInt32(std::string_view text)
+{
+    return intero<std::int32_t>(text);
+}
 
-std::int64_t toInt64(std::string_view text) { return intero<std::int64_t>(text); }
+std::int64_t toInt64(std::string_view text)
+{
+    return intero<std::int64_t>(text);
+}
 
-double toDouble(std::string_view text) { return leggi(text).toDouble(); }
+double toDouble(std::string_view text)
+{
+    return leggi(text).toDouble();
+}
 
-Currency toCurrency(std::string_view text) { return importo(leggi(text)); }
+Currency toCurrency(std::string_view text)
+{
+    return importo(leggi(text));
+}
 
-Date toDate(std::string_view text) {
+Date toDate(std::string_view text)
+{
     const auto data = Date::parse(text);
-    if (!data) throw Errore(errori::testoNonConvertibile, "\"" + std::string(text) + "\" non è una data");
+    if (!data)
+        throw Errore(errori::testoNonConvertibile, "\"" + std::string(text) + "\" non è una data");
     return *data;
 }
 
-std::string format(const Value& value, std::string_view pattern) {
-    if (value.isNull()) return {};
-    if (pattern.empty()) return value.text();
-    if (pattern == patternData) return formatData(value);
+std::string format(const Value& value, std::string_view pattern)
+{
+    if (value.isNull())
+        return {};
+    if (pattern.empty())
+        return value.text();
+    if (pattern == patternData)
+        return formatData(value);
     const Decimal::Layout layout = layoutDi(pattern);
     auto d = decimale(value);
-    if (!d) return value.text();
+    if (!d)
+        return value.text();
     return d->round(layout.decimals, Rounding::halfAwayFromZero).text(layout);
 }
 
-std::string twoDecimals(double value) { return conDueDecimali(Decimal::fromDouble(value)); }
+std::string twoDecimals(double value)
+{
+    return conDueDecimali(Decimal::fromDouble(value));
+}
 
-std::string twoDecimals(Currency value) {
+std::string twoDecimals(Currency value)
+{
     return conDueDecimali(Decimal::fromScaled(value.tenThousandths(), decimaliCurrency));
 }
 
-std::string numberText(double value) { return Decimal::fromDouble(value).text(); }
+std::string numberText(double value)
+{
+    return Decimal::fromDouble(value).text();
+}
 
-std::string numberText(Currency value) { return Decimal::fromScaled(value.tenThousandths(), decimaliCurrency).text(); }
+std::string numberText(Currency value)
+{
+    return Decimal::fromScaled(value.tenThousandths(), decimaliCurrency).text();
+}
 
-std::string FormattaImporto(std::string_view text) { return text.empty() ? std::string() : FormattaImportoForzato(text); }
+std::string FormattaImporto(std::string_view text)
+{
+    return text.empty() ? std::string() : FormattaImportoForzato(text);
+}
 
-std::string FormattaImporto(double value) { return importoEuro(Decimal::fromDouble(value)); }
+std::string FormattaImporto(double value)
+{
+    return importoEuro(Decimal::fromDouble(value));
+}
 
-std::string FormattaImporto(Currency value) {
+std::string FormattaImporto(Currency value)
+{
     return importoEuro(Decimal::fromScaled(value.tenThousandths(), decimaliCurrency));
 }
 
-std::string FormattaImporto(const Value& value) {
-    if (value.isNull()) return {};
-    if (const auto* testo = std::get_if<std::string>(&value.variant())) return FormattaImporto(std::string_view(*testo));
+std::string FormattaImportoDi(const Value& value)
+{
+    if (value.isNull())
+        return {};
+    if (const auto* testo = std::get_if<std::string>(&value.variant()))
+        return FormattaImporto(std::string_view(*testo));
     return importoEuro(*decimale(value));
 }
 
-std::string FormattaImportoForzato(std::string_view text) { return importoEuro(text.empty() ? Decimal() : leggi(text)); }
+std::string FormattaImportoForzato(std::string_view text)
+{
+    return importoEuro(text.empty() ? Decimal() : leggi(text));
+}
 
-} // namespace bravona
+}  // namespace bravona
