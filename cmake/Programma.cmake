@@ -27,6 +27,4 @@ foreach(name IN LISTS files)
     list(APPEND shipped ${BRAVONA_SHARE}/${name})
 endforeach()
 
-if(shipped)
-    add_custom_target(programma ALL DEPENDS ${shipped})
-endif()
+add_custom_target(programma ALL DEPENDS ${shipped})

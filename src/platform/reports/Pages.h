@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/windowing/Events.h"
+#include "platform/values/Appearance.h"
 
 namespace bravona {
 

@@ -3,20 +3,9 @@
 #include <cstdint>
 #include <string>
 
-namespace bravona {
+#include "platform/values/Appearance.h"
 
-// red + 256 x green + 65536 x blue
-using Colour = std::uint32_t;
-constexpr Colour rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
-    return red + 256U * green + 65536U * blue;
-}
-namespace colours {
-inline constexpr Colour black = 0;
-inline constexpr Colour red = rgb(255, 0, 0);
-inline constexpr Colour blue = rgb(0, 0, 255);
-inline constexpr Colour white = rgb(255, 255, 255);
-inline constexpr Colour focusYellow = rgb(255, 255, 192);
-} // namespace colours
+namespace bravona {
 
 enum class Key {
     none,
@@ -61,7 +50,6 @@ struct KeyEvent {
 
 enum class CloseCause { person, owner, code };
 enum class Pointer { normal, wait };
-enum class Align { left, right, centre };
 enum class MsgIcon { none, information, question, critical, exclamation };
 enum class MsgButtons { ok, okCancel, yesNo };
 enum class MsgAnswer { ok, cancel, yes, no };
