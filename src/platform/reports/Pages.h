@@ -10,11 +10,11 @@
 
 namespace bravona {
 
-// Laid out pages: drawing primitives in twips (1/1440 inch) from the sheet's upper left corner, in the order in which they are
-// painted. Plain data; preview, printer and PDF paint the same list.
+// Laid out pages: drawing primitives in twips (1/1440 inch) from the sheet's upper left corner, in the order in which
+// they are painted. Plain data; preview, printer and PDF paint the same list.
 struct TextPrimitive {
     int x = 0, y = 0, width = 0, height = 0;  // the box; the text stands on one line in it, vertically centred
-    std::string text;                         // as printed: fitted, with its ellipsis where it was too long; may be empty
+    std::string text;  // as printed: fitted, with its ellipsis where it was too long; may be empty
     double points = 9;
     bool bold = false;
     bool italic = false;

@@ -10,9 +10,9 @@
 
 namespace bravona {
 
-// One thing in a section: a fixed label, a field bound to a column, an image, a box or a line. Places in twips from the section's
-// upper left corner inside the margins; a control may reach beyond its section. Page tokens in a label's caption: %p the page,
-// %P their number, %D the date.
+// One thing in a section: a fixed label, a field bound to a column, an image, a box or a line. Places in twips from the
+// section's upper left corner inside the margins; a control may reach beyond its section. Page tokens in a label's
+// caption: %p the page, %P their number, %D the date.
 struct ReportControl {
     enum class Kind { label, field, image, box, line };
     Kind kind = Kind::label;
@@ -23,7 +23,8 @@ struct ReportControl {
     std::string column;                            // field
     std::string path;                              // image; empty: nothing is painted
     double points = 9;
-    double minPoints = 0;  // a text too long is set smaller, down to this size, before it ends in an ellipsis; 0: never smaller
+    double minPoints =
+        0;  // a text too long is set smaller, down to this size, before it ends in an ellipsis; 0: never smaller
     bool bold = false;
     bool italic = false;
     bool symbol = false;
@@ -48,9 +49,9 @@ struct ReportSection {
     [[nodiscard]] ReportControl* find(std::string_view control);
 };
 
-// A design. Grouped reports print one parent record a page: header, the chapter's rows, footer right behind them. List reports
-// print the rows of the set one under another between page header and page footer (at the foot of the sheet), over as many
-// pages as they need; with no row they print one page.
+// A design. Grouped reports print one parent record a page: header, the chapter's rows, footer right behind them. List
+// reports print the rows of the set one under another between page header and page footer (at the foot of the sheet),
+// over as many pages as they need; with no row they print one page.
 struct Report {
     enum class Style { grouped, list };
     Style style = Style::list;
