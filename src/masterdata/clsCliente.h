@@ -22,7 +22,6 @@ public:
     std::int32_t IDCliente = 0;
     Connection* DataBase;
 
-    // False without a message when there is no such row.
     bool RichiamaCliente(std::int32_t id);
     bool RegistraCliente();  // inserts; `IDCliente` is the new key
     bool ModificaCliente(std::int32_t id);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/windowing/Lists.h"
 #include "session/Sessione.h"
 
 namespace bravona {
@@ -11,5 +12,12 @@ namespace bravona {
 bool DestinazioneMerceUtilizzata(Sessione& sessione, std::int32_t id);
 // The destination's name: "IDEM" for 0, the empty text for one that is not there.
 std::string RilevaDestinazioneMerce(Sessione& sessione, std::int32_t id);
+
+// The columns of every list of destinations.
+void ImpostaColonneDestinazioni(ListView& lista);
+// A party's destinations in place of what the list holds; the key of a row is "x" and the destination's.
+void CaricaElencoDestinazioni(Sessione& sessione, ListView& lista, std::int32_t idCliente);
+// The destination behind such a row's key.
+std::int32_t DestinazioneDaChiave(const std::string& chiave);
 
 }  // namespace bravona

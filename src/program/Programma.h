@@ -8,14 +8,15 @@ namespace bravona {
 class Programma {
 public:
     explicit Programma(Ambiente ambiente);
-    // The start sequence, up to the main window on the screen. A failure that nothing caught, and every deliberate end, leaves the
-    // desktop ended with its status.
+    // The start sequence, up to the main window on the screen. A failure that nothing caught, and every deliberate end,
+    // leaves the desktop ended with its status.
     void avvia();
     [[nodiscard]] Sessione& sessione() { return sessione_; }
 
 private:
     void registraSchermate();
+    void sequenzaDiAvvio();
     Sessione sessione_;
 };
 
-} // namespace bravona
+}  // namespace bravona

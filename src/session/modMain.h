@@ -13,6 +13,8 @@ namespace bravona {
 
 inline constexpr const char* titoloErrore = "Errore - Bravona";
 inline constexpr const char* passwordArchivio = "zelmar";
+// "1.0.0"
+std::string testoVersione();
 
 // The steps of the start, in its order. FineProcesso where one of them ends the process.
 void RegistraDatiProgramma(Sessione& sessione);
@@ -44,6 +46,10 @@ void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::str
 // lines.
 void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTransazione, const std::string& primaRiga,
                                const std::string& secondaRiga);
+
+// "Valore non valido!" under the screen's title, for a number that does not fit its type; the field gets the focus
+// back.
+void MostraValoreNonValido(Control& campo);
 
 // The wait pointer as long as it lives.
 class clsCursorWait {

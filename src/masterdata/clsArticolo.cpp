@@ -1,0 +1,141 @@
+#include "masterdata/clsArticolo.h"
+
+#include "platform/text/Text.h"
+#include "platform/values/Numeri.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr const char* modulo = "Nel modulo: clsArticolo";
+constexpr const char* nessunaData = "00/00/0000";
+
+std::string testoData(Field campo)
+{
+    return campo.isNull() ? std::string(nessunaData) : campo.asDate().text();
+}
+
+Value valoreData(const std::string& testo)
+{
+    return testo.empty() || testo == nessunaData ? Value() : Value(toDate(testo));
+}
+
+}  // namespace
+
+void clsArticolo::setUnitaMisura(const std::string& unita)
+{
+    unitaMisura_ = trim(unita).empty() ? std::string("Pz") : unita;
+}
+
+bool clsArticolo::RichiamaArticolo(std::int32_t id)
+{
+    try {
+        Recordset record = DataBase->open(
+            "SELECT Articoli.*, TabellaCodiciIva.CodiceIva, TabellaCodiciIva.AliquotaIva FROM Articoli INNER JOIN "
+            "TabellaCodiciIva ON Articoli.IDCodiceIva = TabellaCodiciIva.IDCodiceIva WHERE Articoli.IDArticolo = " +
+            std::to_string(id));
+        if (record.eof()) {
+            return false;
+        }
+        IDArticolo = record["IDArticolo"].asLong();
+        CodiceMagazzino = record["CodiceMagazzino"].text();
+        CodiceFornitore = record["CodiceFornitore"].text();
+        CodiceBarreFornitore = record["CodiceBarreFornitore"].text();
+        DescrizionePrincipale = record["DescrizionePrincipale"].text();
+        DescrizioneSecondariaUno = record["DescrizioneSecondaria1"].text();
+        DescrizioneSecondariaDue = record["DescrizioneSecondaria2"].text();
+        setUnitaMisura(record["UnitaMisura"].text());
+        IDCodiceIva = record["IDCodiceIva"].longOr(0);
+        QuantitaMinima = record["QuantitaMinima"].doubleOr(0);
+        DataPrimoCarico = testoData(record["DataPrimoCarico"]);
+        DataUltimoCarico = testoData(record["DataUltimoCarico"]);
+        DataUltimoScarico = testoData(record["DataUltimoScarico"]);
+        CostoMedio = record["CostoMedio"].currencyOr({});
+        CostoUltimo = record["CostoUltimo"].currencyOr({});
+        Carico = record["Carico"].doubleOr(0);
+        Scarico = record["Scarico"].doubleOr(0);
+        Giacenza = record["Giacenza"].doubleOr(0);
+        CaricoValore = record["CaricoValore"].currencyOr({});
+        ScaricoValore = record["ScaricoValore"].currencyOr({});
+        Immagine = record["Immagine"].text();
+        CodiceIva = record["CodiceIva"].text();
+        AliquotaIva = record["AliquotaIva"].doubleOr(0);
+        return true;
+    } catch (const Errore& errore) {
+        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RichiamaArticolo");
+        return false;
+    }
+}
+
+void clsArticolo::scrivi(Recordset& record) const
+{
+    record["CodiceMagazzino"] = CodiceMagazzino;
+    record["CodiceFornitore"] = CodiceFornitore;
+    record["CodiceBarreFornitore"] = CodiceBarreFornitore;
+    record["DescrizionePrincipale"] = DescrizionePrincipale;
+    record["DescrizioneSecondaria1"] = DescrizioneSecondariaUno;
+    record["DescrizioneSecondaria2"] = DescrizioneSecondariaDue;
+    record["UnitaMisura"] = unitaMisura_;
+    record["IDCodiceIva"] = int{IDCodiceIva};
+    record["QuantitaMinima"] = QuantitaMinima;
+    record["DataPrimoCarico"] = valoreData(DataPrimoCarico);
+    record["DataUltimoCarico"] = valoreData(DataUltimoCarico);
+    record["DataUltimoScarico"] = valoreData(DataUltimoScarico);
+    record["CostoMedio"] = CostoMedio;
+    record["CostoUltimo"] = CostoUltimo;
+    record["Carico"] = Carico;
+    record["Scarico"] = Scarico;
+    record["Giacenza"] = Giacenza;
+    record["CaricoValore"] = CaricoValore;
+    record["ScaricoValore"] = ScaricoValore;
+    record["Immagine"] = Immagine;
+}
+
+bool clsArticolo::RegistraArticolo()
+{
+    try {
+        Recordset record = DataBase->openTable("Articoli");
+        record.addNew();
+        scrivi(record);
+        record.update();
+        IDArticolo = record["IDArticolo"].asLong();
+        return true;
+    } catch (const Errore& errore) {
+        if (errore.numero() == errori::chiaveDuplicata) {
+            sessione_.desktop().inform("Attenzione! Il Codice Articolo inserito e' gia' presente in archivio.\n"
+                                       "Cambiare Codice Articolo per registrare il nuovo record",
+                                       "Cliente");
+        } else {
+            MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RegistraArticolo");
+        }
+        return false;
+    }
+}
+
+bool clsArticolo::ModificaArticolo(std::int32_t id)
+{
+    try {
+        Recordset record =
+            DataBase->open("SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id), OpenMode::updatable);
+        scrivi(record);
+        record.update();
+        return true;
+    } catch (const Errore& errore) {
+        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: ModificaArticolo");
+        return false;
+    }
+}
+
+bool clsArticolo::EliminaArticolo(std::int32_t id)
+{
+    try {
+        DataBase->execute("DELETE * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
+        return true;
+    } catch (const Errore& errore) {
+        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: EliminaArticolo");
+        return false;
+    }
+}
+
+}  // namespace bravona

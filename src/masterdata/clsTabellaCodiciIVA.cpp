@@ -1,0 +1,177 @@
+#include "masterdata/clsTabellaCodiciIVA.h"
+
+#include <algorithm>
+
+#include "platform/text/Text.h"
+#include "platform/values/Numeri.h"
+#include "platform/windowing/Lists.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr const char* titoloTabella = "Tabella codici IVA";
+
+std::int16_t percentoIntero(Currency aliquota)
+{
+    return Value(aliquota.tenThousandths() / Currency::unitaPerEuro).toInt();
+}
+
+// As a number stands in a statement.
+std::string numeroIstruzione(Currency numero)
+{
+    return replaceAll(numberText(numero), ",", ".");
+}
+
+}  // namespace
+
+clsTabellaCodiciIVA::clsTabellaCodiciIVA(Sessione& sessione) : sessione_(sessione)
+{
+    Refresh();
+}
+
+void clsTabellaCodiciIVA::Refresh()
+{
+    Recordset record = sessione_.cn.open("SELECT * FROM TabellaCodiciIva ORDER BY IDCodiceIva");
+    std::vector<Codice> codici;
+    for (; !record.eof(); record.moveNext()) {
+        codici.push_back({.CodiceIva = record["CodiceIva"].text(),
+                          .AliquotaIva = percentoIntero(record["AliquotaIva"].currencyOr({})),
+                          .Descrizione = record["Descrizione"].text(),
+                          .IDCodiceIva = record["IDCodiceIva"].asLong()});
+    }
+    codici_ = std::move(codici);
+}
+
+bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
+{
+    const clsCursorWait attesa(sessione_.desktop());
+    try {
+        sessione_.cn.execute("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
+                             numeroIstruzione(aliquota) + ",'" + codice + "', '" + descrizione + "')");
+        Refresh();
+        return true;
+    } catch (const Errore& errore) {
+        sessione_.desktop().setPointer(Pointer::normal);
+        if (errore.numero() == errori::chiaveDuplicata) {
+            sessione_.desktop().inform("Attenzione! Il codice indicato e gia' presente in archivio.", titoloTabella);
+        } else {
+            MostraErroreStandard(sessione_.desktop(), errore, "Modulo: clsTabellaCodiciIva", "Routine: AddCodiceIVA");
+        }
+        return false;
+    }
+}
+
+bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
+{
+    const clsCursorWait attesa(sessione_.desktop());
+    try {
+        sessione_.cn.execute("DELETE * FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id));
+        Refresh();
+        return true;
+    } catch (const Errore& errore) {
+        sessione_.desktop().setPointer(Pointer::normal);
+        if (errore.numero() == errori::recordCorrelati) {
+            sessione_.desktop().inform("Impossibile eliminare il codice IVA indicato "
+                                       "in quanto e' utilizzato in alcuni documenti e/o articoli.",
+                                       titoloTabella);
+        } else {
+            MostraErroreStandard(sessione_.desktop(), errore, "Modulo: clsTabellaCodiciIva",
+                                 "Routine: RemoveAliquotaIVA");
+        }
+        return false;
+    }
+}
+
+bool clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
+{
+    const clsCursorWait attesa(sessione_.desktop());
+    try {
+        sessione_.cn.execute("UPDATE TabellaCodiciIVA SET Descrizione='" + descrizione +
+                             "' WHERE IDCodiceIVA=" + std::to_string(id));
+        Refresh();
+        return true;
+    } catch (const Errore& errore) {
+        sessione_.desktop().setPointer(Pointer::normal);
+        if (errore.numero() == errori::testoObbligatorioVuoto) {
+            sessione_.desktop().inform("Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",
+                                       titoloTabella);
+        } else {
+            MostraErroreStandard(sessione_.desktop(), errore, "Nel modulo: clsTabellaCodiciIVA",
+                                 "Routine: SetDescrizioneAliquotaIva");
+        }
+        return false;
+    }
+}
+
+const clsTabellaCodiciIVA::Codice* clsTabellaCodiciIVA::daID(std::int32_t id) const
+{
+    const auto trovato = std::ranges::find(codici_, id, &Codice::IDCodiceIva);
+    return trovato == codici_.end() ? nullptr : &*trovato;
+}
+
+const clsTabellaCodiciIVA::Codice* clsTabellaCodiciIVA::daCodice(const std::string& codice) const
+{
+    const auto trovato = std::ranges::find(codici_, codice, &Codice::CodiceIva);
+    return trovato == codici_.end() ? nullptr : &*trovato;
+}
+
+std::string clsTabellaCodiciIVA::GetCodiceAliquotaIvaFromID(std::int32_t id) const
+{
+    const Codice* codice = daID(id);
+    return codice ? codice->CodiceIva : std::string();
+}
+
+std::string clsTabellaCodiciIVA::GetDescrizioneAliquotaIvaFromID(std::int32_t id) const
+{
+    const Codice* codice = daID(id);
+    return codice ? codice->Descrizione : std::string();
+}
+
+std::int16_t clsTabellaCodiciIVA::GetValoreAliquotaIvaFromID(std::int32_t id) const
+{
+    const Codice* codice = daID(id);
+    return codice ? codice->AliquotaIva : std::int16_t{0};
+}
+
+std::int32_t clsTabellaCodiciIVA::GetIDAliquotaIvaFromCodice(const std::string& codice) const
+{
+    const Codice* trovato = daCodice(codice);
+    return trovato ? trovato->IDCodiceIva : 0;
+}
+
+std::string clsTabellaCodiciIVA::GetDescrizioneAliquotaIvaFromCodice(const std::string& codice) const
+{
+    const Codice* trovato = daCodice(codice);
+    return trovato ? trovato->Descrizione : std::string();
+}
+
+std::int16_t clsTabellaCodiciIVA::GetValoreAliquotaIvaFromCodice(const std::string& codice) const
+{
+    const Codice* trovato = daCodice(codice);
+    return trovato ? trovato->AliquotaIva : std::int16_t{0};
+}
+
+void clsTabellaCodiciIVA::VisualizzaTabellaIvaSuListView(ListView& lista) const
+{
+    lista.clear();
+    for (const Codice& codice : codici_) {
+        ListRow riga;
+        riga.text = codice.CodiceIva;
+        riga.key = "c" + std::to_string(codice.IDCodiceIva);
+        riga.sub = {{std::to_string(codice.AliquotaIva), {}}, {codice.Descrizione, {}}};
+        lista.add(std::move(riga));
+    }
+}
+
+clsTabellaCodiciIVA& TabellaIvaDi(const Sessione& sessione)
+{
+    auto* tabella = dynamic_cast<clsTabellaCodiciIVA*>(sessione.TabellaIva.get());
+    if (!tabella) {
+        throw Errore(errori::selezioneMancante, "La tabella dei codici IVA non è caricata");
+    }
+    return *tabella;
+}
+
+}  // namespace bravona

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "platform/windowing/Fields.h"
+#include "platform/windowing/Form.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// One VAT code, a new one, or an old one of which only the description can be changed. Hands its values back to
+// `frmCodiciIva`.
+class frmInserimentoCodiceIva final : public Form {
+public:
+    explicit frmInserimentoCodiceIva(Sessione& sessione);
+
+    // An old code. Before showing.
+    void Mostra(const std::string& codice, std::int16_t aliquota, const std::string& descrizione);
+
+    TextBox txtCodice{4};
+    TextBox txtAliquota{5};
+    TextBox txtDescrizione{40};
+    std::array<Button, 2> Command1{Button("&Registra"), Button("&Annulla")};
+
+    void onLoad() override;
+    bool onQueryUnload(CloseCause cause) override;
+
+private:
+    void Registra();
+    void annulla();
+    Sessione& sessione_;
+};
+
+}  // namespace bravona

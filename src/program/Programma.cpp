@@ -1,0 +1,99 @@
+#include "program/Programma.h"
+
+#include "masterdata/clsTabellaCodiciIVA.h"
+#include "masterdata/frmCodiciIva.h"
+#include "masterdata/frmInserimentoCodiceIva.h"
+#include "masterdata/frmSelezioneArticolo.h"
+#include "masterdata/frmSelezioneDestinazione.h"
+#include "masterdata/frmSelezioneRecord.h"
+#include "platform/values/Numeri.h"
+#include "session/frmAbout.h"
+#include "session/frmDescrizioneRegistri.h"
+#include "session/frmMain.h"
+#include "session/frmNuovoArchivioDocumenti.h"
+#include "session/frmSplash.h"
+#include "session/frmStartup.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr int uscitaPerErrore = 1;
+
+template <class Schermata>
+void registra(Sessione& sessione, const char* nome)
+{
+    sessione.schermate().add(nome, [&sessione] { return std::make_unique<Schermata>(sessione); });
+}
+
+}  // namespace
+
+Programma::Programma(Ambiente ambiente) : sessione_(std::move(ambiente))
+{
+    sessione_.desktop().setTransactionProbe([this] { return sessione_.cn.inTransaction(); },
+                                            [this] { sessione_.cn.rollback(); });
+    registraSchermate();
+}
+
+// What is not here has its command disabled in the main window.
+void Programma::registraSchermate()
+{
+    registra<frmMain>(sessione_, "frmMain");
+    registra<frmSplash>(sessione_, "frmSplash");
+    registra<frmAbout>(sessione_, "frmAbout");
+    registra<frmNuovoArchivioDocumenti>(sessione_, "frmNuovoArchivioDocumenti");
+    registra<frmStartup>(sessione_, "frmStartup");
+    registra<frmDescrizioneRegistri>(sessione_, "frmDescrizioneRegistri");
+
+    registra<frmCodiciIva>(sessione_, "frmCodiciIva");
+    registra<frmInserimentoCodiceIva>(sessione_, "frmInserimentoCodiceIva");
+    registra<frmSelezioneRecord>(sessione_, "frmSelezioneRecord");
+    registra<frmSelezioneArticolo>(sessione_, "frmSelezioneArticolo");
+    registra<frmSelezioneDestinazione>(sessione_, "frmSelezioneDestinazione");
+}
+
+void Programma::avvia()
+{
+    Desktop& desktop = sessione_.desktop();
+    try {
+        sequenzaDiAvvio();
+    } catch (const FineProcesso& fine) {
+        desktop.end(fine.status);
+    } catch (const Errore& errore) {
+        if (sessione_.cn.inTransaction()) {
+            sessione_.cn.rollback();
+        }
+        desktop.report(errore);
+        desktop.end(uscitaPerErrore);
+    }
+}
+
+void Programma::sequenzaDiAvvio()
+{
+    RegistraDatiProgramma(sessione_);
+    sessione_.desktop().processEvents();
+    sessione_.schermate().get("frmSplash").showModal();
+    CaricaImpostazioniDocumenti(sessione_);
+    VerificaCartelle(sessione_);
+    sessione_.PercorsoArchivio = RilevaPercorsoDB(sessione_);
+    ApriConnessione(sessione_, sessione_.PercorsoArchivio);
+    if (!EsisteArchivio(sessione_)) {
+        sessione_.desktop().inform(
+            "Attenzione! Non esiste nessun archivio. Procedere alla creazione di un nuovo archivio.",
+            "Controllo archivi");
+        auto& nuovo = sessione_.schermate().as<frmNuovoArchivioDocumenti>("frmNuovoArchivioDocumenti");
+        nuovo.ArchivioVuoto = true;
+        nuovo.showModal();
+    }
+    CaricaDatiAzienda(sessione_);
+    CaricaRegistri(sessione_);
+    // After the first run no year is chosen yet, and the session's is 0.
+    sessione_.AnnoRiferimento =
+        leadingWholeNumberText(sessione_.settings().get("Impostazioni", "Anno Riferimento", "0"));
+    MostraAnnoRiferimento(sessione_);
+    sessione_.TabellaIva = std::make_unique<clsTabellaCodiciIVA>(sessione_);
+    sessione_.schermate().get("frmMain").show();
+}
+
+}  // namespace bravona
