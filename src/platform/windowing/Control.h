@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/windowing/Events.h"
@@ -93,6 +94,7 @@ public:
     [[nodiscard]] virtual std::string shownText() const { return {}; }
 
     std::string tag;
+    bool tabStop = true; // false: Tab passes it over, a click still reaches it
 
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
@@ -110,6 +112,7 @@ public:
 
 private:
     friend class Form;
+    friend class FlexGrid; // its editors stand in it
     ControlKind kind_;
     std::string name_;
     std::string prefix_; // of the compound it is part of

@@ -67,6 +67,10 @@ public:
     [[nodiscard]] Form* front() const;
     [[nodiscard]] const std::vector<Form*>& windows() const { return windows_; } // shown, front last
     [[nodiscard]] Form* mainWindow() const;
+    // Behind a modal window: takes no input.
+    [[nodiscard]] bool blocked(const Form& form) const;
+    // The main window is closing: no other window opens.
+    [[nodiscard]] bool leaving() const { return leaving_; }
     bool focus(Control& control) { return interaction_.focus(control); }
     virtual void setPointer(Pointer pointer) { pointer_ = pointer; }
     [[nodiscard]] Pointer pointer() const { return pointer_; }
@@ -91,7 +95,10 @@ public:
 
     // --- guard: every entry from the toolkit or the scripted user runs through it. What no routine caught rolls back what the
     // command opened, is reported, and the program goes on; FineProcesso ends the process.
+    // Afterwards the focus leaves a control that was disabled or hidden meanwhile, and unloaded screens are destroyed.
     void guard(const std::function<void()>& entry);
+    // The same for the start sequence: a failure is reported and ends the process with status 1.
+    void guardStart(const std::function<void()>& entry);
     // How the guard sees and undoes a transaction that a failed command left open.
     void setTransactionProbe(std::function<bool()> inTransaction, std::function<void()> rollback);
     [[nodiscard]] bool inTransaction() const { return inTransaction_ && inTransaction_(); }
@@ -99,7 +106,7 @@ public:
     [[nodiscard]] bool ended() const { return ended_; }
     [[nodiscard]] int exitStatus() const { return exitStatus_; }
     void end(int status); // marks the end; loops of the host stop
-    // A timer was started or stopped.
+    // Told after every entry, for each loaded form that has timers: follow their `enabled` and `interval`.
     virtual void timersChanged(Form& form) = 0;
 
 protected:
@@ -109,16 +116,23 @@ protected:
     virtual void doUnload(Form& form) = 0; // the window goes for good
     // Runs events until the condition holds or the process has ended.
     virtual void doModalLoop(Form& form, const std::function<bool()>& done) = 0;
-    virtual void doFocus(Control& control) = 0; // moves the toolkit's focus; the core's is already there
+    virtual void doFocus(Control& control) = 0; // moves the toolkit's focus; the core's is already there, no events come of it
     virtual void doEnd() {}
     friend class Interaction;
 
-    void bringForward(Form& form); // a person's click, or show
-
 private:
+    void guarded(const std::function<void()>& entry, bool fatal);
+    void bringForward(Form& form);
+    void withdraw(Form& form); // from the windows on the screen
+    void activateFront();
+    void settle();
+    void close(Form& form);
+    bool closeMain(Form& form, CloseCause cause);
     Schermate screens_;
     Interaction interaction_;
     std::vector<Form*> windows_;
+    std::vector<Form*> modals_; // the topmost last
+    Form* active_ = nullptr;    // last told by `onActivate`
     Pointer pointer_ = Pointer::normal;
     std::function<bool()> inTransaction_;
     std::function<void()> rollback_;

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/values/Date.h"
 #include "platform/windowing/Control.h"
@@ -109,9 +110,10 @@ public:
     void choose(); // clears the others of its group; raises `onClick` when it was not chosen
     [[nodiscard]] std::string shownText() const override { return chosen_ ? "1" : "0"; }
     [[nodiscard]] bool focusable() const override { return true; }
+    [[nodiscard]] std::vector<OptionButton*> group(); // itself among them, in the order of the form
 
 private:
-    friend class Form;
+    [[nodiscard]] std::string groupName() const;
     std::string caption_;
     bool chosen_ = false;
 };

@@ -39,6 +39,8 @@ public:
     [[nodiscard]] bool loaded() const { return loaded_; }
     [[nodiscard]] bool shown() const { return shown_; }
     [[nodiscard]] bool modal() const { return modal_; }
+    // The modal window that it was opened over, and with which it takes turns; nullptr: the main window's area.
+    [[nodiscard]] Form* owner() const { return owner_; }
 
     // Counts for the guards that ask whether another window is open. Previews do not.
     bool countsAsWindow = true;
@@ -58,7 +60,7 @@ public:
     [[nodiscard]] const Layout& layout() const { return layout_; }
     // "txtComune[0]", "cmbRegistro", "Griglia", "Griglia.casella[2]"; nullptr when there is none.
     [[nodiscard]] Control* find(std::string_view fullName) const;
-    // In Tab order, as the layout stands; overlays of grids behind their grid.
+    // All of them, in Tab order as the layout stands; parts that stand in no layout (editors of a grid) behind their compound.
     [[nodiscard]] const std::vector<Control*>& tabOrder() const { return tabOrder_; }
     [[nodiscard]] Control* focusedControl() const { return focused_; }
 
@@ -102,6 +104,7 @@ private:
     friend class Interaction;
     friend class Control;
     void place(const Layout& node, Control* container, int page);
+    void placeParts(Control& control);
 
     Desktop& desktop_;
     std::string name_;
@@ -110,10 +113,14 @@ private:
     bool loaded_ = false;
     bool shown_ = false;
     bool modal_ = false;
+    bool closing_ = false;
+    Form* owner_ = nullptr; // the modal window over which it was opened
     std::vector<Entry> controls_;
     Layout layout_;
     std::vector<Control*> tabOrder_;
     Control* focused_ = nullptr;
+    int commands_ = 0; // under way, for which the field was left
+    bool fieldLeft_ = false; // the focused control's `onLostFocus` was raised, its `onGotFocus` not yet again
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
     ControlObserver* observer_ = nullptr;

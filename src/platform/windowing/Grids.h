@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/store/Recordset.h"
+#include "platform/values/Errore.h"
 #include "platform/windowing/Control.h"
 
 namespace bravona {
@@ -103,7 +104,9 @@ public:
     void setColumns(std::vector<DataColumn> columns);
     [[nodiscard]] const std::vector<DataColumn>& columns() const { return columns_; }
 
-    [[nodiscard]] std::size_t dataRows() const;  // rows of the set
+    [[nodiscard]] std::string caption(std::size_t column) const;
+
+    [[nodiscard]] std::size_t dataRows() const;  // rows of the set, the one being added as well
     [[nodiscard]] std::size_t shownRows() const; // with the new-row line
     [[nodiscard]] std::string cellText(std::size_t row, std::size_t column) const;
     [[nodiscard]] std::size_t row() const { return row_; }
@@ -123,10 +126,12 @@ public:
     bool userMove(std::size_t row, std::size_t column);
     bool userBeginEdit(const std::string& text); // typing on a cell replaces its text; locked columns refuse
     void userEditText(std::string text);
-    bool userEndEdit(bool accept); // Enter or leaving accepts, Escape gives the old text back
+    bool userEndEdit(bool accept); // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
+    bool userEscape();             // gives the old text back, or, with no edit under way, forgets the row's unsent changes
     bool userDeleteRow(std::size_t row);
     void userButton(std::size_t row, std::size_t column);
-    bool userLeave(); // the focus leaves the grid: ends the edit; the row is committed when the grid is left for good
+    bool userLeave(); // the focus leaves the grid: ends the edit and commits the row (called by the core)
+    [[nodiscard]] bool canEdit(std::size_t row, std::size_t column) const;
 
     bool allowAddNew = true;
     bool allowDelete = true;
@@ -139,6 +144,8 @@ private:
     std::vector<DataColumn> columns_;
     std::size_t row_ = 0;
     std::size_t col_ = 0;
+    std::size_t setColumn(std::size_t column) const;
+    bool refused(const Errore& error);
     bool editing_ = false;
     bool adding_ = false; // the new-row line has become a row not yet sent
     std::string editText_;

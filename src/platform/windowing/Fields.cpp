@@ -1,0 +1,159 @@
+#include "platform/windowing/Fields.h"
+
+#include <algorithm>
+
+#include "platform/text/Text.h"
+#include "platform/values/Numeri.h"
+#include "platform/windowing/Form.h"
+
+namespace bravona {
+
+void Label::setCaption(std::string caption) {
+    if (caption_ != caption) {
+        caption_ = std::move(caption);
+        notify(Aspect::text);
+    }
+}
+
+void Button::setCaption(std::string caption) {
+    if (caption_ != caption) {
+        caption_ = std::move(caption);
+        notify(Aspect::text);
+    }
+}
+
+void TextBox::setText(std::string text) {
+    if (text_ == text) {
+        return;
+    }
+    // A field that is being typed into keeps its caret, and at the end of its text it stays there.
+    const bool atEnd = selStart_ + selLength_ >= length(text_);
+    text_ = std::move(text);
+    selStart_ = !hasFocus() ? 0 : atEnd ? length(text_) : std::min(selStart_, length(text_));
+    selLength_ = 0;
+    notify(Aspect::text);
+    if (onChange) {
+        onChange();
+    }
+}
+
+void TextBox::setLocked(bool locked) {
+    if (locked_ != locked) {
+        locked_ = locked;
+        notify(Aspect::value);
+    }
+}
+
+void TextBox::select(std::size_t start, std::size_t length) {
+    userCaret(start, length);
+    notify(Aspect::caret);
+}
+
+void TextBox::selectAll() { select(0, length(text_)); }
+
+void TextBox::userText(std::string text, std::size_t caret) {
+    const bool differs = text_ != text;
+    text_ = std::move(text);
+    selStart_ = std::min(caret, length(text_));
+    selLength_ = 0;
+    if (differs) {
+        notify(Aspect::text);
+        if (onChange) {
+            onChange();
+        }
+    }
+}
+
+void TextBox::userCaret(std::size_t start, std::size_t length) {
+    const std::size_t whole = bravona::length(text_);
+    selStart_ = std::min(start, whole);
+    selLength_ = std::min(length, whole - selStart_);
+}
+
+void CheckBox::setCaption(std::string caption) {
+    if (caption_ != caption) {
+        caption_ = std::move(caption);
+        notify(Aspect::text);
+    }
+}
+
+void CheckBox::setChecked(bool checked) {
+    if (checked_ == checked) {
+        return;
+    }
+    checked_ = checked;
+    notify(Aspect::checks);
+    if (onClick) {
+        onClick();
+    }
+}
+
+void OptionButton::setCaption(std::string caption) {
+    if (caption_ != caption) {
+        caption_ = std::move(caption);
+        notify(Aspect::text);
+    }
+}
+
+std::vector<OptionButton*> OptionButton::group() {
+    if (form() == nullptr) {
+        return {this};
+    }
+    std::vector<OptionButton*> found;
+    for (const Form::Entry& entry : form()->controls()) {
+        if (entry.control->kind() != ControlKind::optionButton) {
+            continue;
+        }
+        auto* other = static_cast<OptionButton*>(entry.control);
+        const bool together = index() >= 0 ? other->index() >= 0 && other->groupName() == groupName()
+                                           : other->index() < 0 && other->container() == container();
+        if (together) {
+            found.push_back(other);
+        }
+    }
+    return found;
+}
+
+std::string OptionButton::groupName() const {
+    const std::string full = fullName();
+    return full.substr(0, full.find('['));
+}
+
+void OptionButton::choose() {
+    if (chosen_) {
+        return;
+    }
+    for (OptionButton* other : group()) {
+        if (other != this && other->chosen_) {
+            other->chosen_ = false;
+            other->notify(Aspect::checks);
+        }
+    }
+    chosen_ = true;
+    notify(Aspect::checks);
+    if (onClick) {
+        onClick();
+    }
+}
+
+void DatePicker::setDate(Date date) {
+    if (date_ == date) {
+        return;
+    }
+    date_ = date;
+    notify(Aspect::value);
+    if (onChange) {
+        onChange();
+    }
+}
+
+void SpinButton::spin(bool up) {
+    if (buddy == nullptr) {
+        return;
+    }
+    const double now = leadingNumber(buddy->text());
+    const double next = std::clamp(now + (up ? step : -step), static_cast<double>(minimum), static_cast<double>(maximum));
+    buddy->setText(std::to_string(static_cast<long>(next)));
+}
+
+} // namespace bravona
