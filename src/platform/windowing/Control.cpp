@@ -81,9 +81,13 @@ void Control::setToolTip(std::string tip) {
     notify(Aspect::toolTip);
 }
 
-bool Control::setFocus() { return form_ != nullptr && form_->desktop().focus(*this); }
+bool Control::setFocus() {
+    return form_ != nullptr && form_->desktop().focus(*this);
+}
 
-bool Control::hasFocus() const { return form_ != nullptr && form_->focusedControl() == this; }
+bool Control::hasFocus() const {
+    return form_ != nullptr && form_->focusedControl() == this;
+}
 
 void Control::notify(Aspect aspect, std::size_t row) {
     if (form_ != nullptr && form_->observer() != nullptr) {

@@ -61,7 +61,7 @@ public:
 
     [[nodiscard]] ControlKind kind() const { return kind_; }
     [[nodiscard]] const std::string& name() const { return name_; } // without index
-    [[nodiscard]] int index() const { return index_; }             // -1 outside an array
+    [[nodiscard]] int index() const { return index_; }              // -1 outside an array
     [[nodiscard]] std::string fullName() const;                     // "txtComune[0]", "Griglia.Command1"
     [[nodiscard]] Form* form() const { return form_; }
     [[nodiscard]] Control* container() const { return container_; }

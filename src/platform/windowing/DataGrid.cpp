@@ -39,7 +39,9 @@ std::string DataGrid::caption(std::size_t column) const {
     return set_->columns().at(setColumn(column)).name;
 }
 
-std::size_t DataGrid::dataRows() const { return set_ == nullptr || !set_->isOpen() ? 0 : set_->recordCount(); }
+std::size_t DataGrid::dataRows() const {
+    return set_ == nullptr || !set_->isOpen() ? 0 : set_->recordCount();
+}
 
 std::size_t DataGrid::shownRows() const {
     const bool newRow = set_ != nullptr && set_->isOpen() && allowAddNew && set_->isUpdatable() && !adding_;
@@ -230,6 +232,8 @@ void DataGrid::userButton(std::size_t row, std::size_t column) {
     }
 }
 
-bool DataGrid::userLeave() { return userEndEdit(true) && commitRow(); }
+bool DataGrid::userLeave() {
+    return userEndEdit(true) && commitRow();
+}
 
 } // namespace bravona

@@ -244,8 +244,12 @@ void Desktop::activateFront() {
 
 // --- guard ------------------------------------------------------------------------------------------------------
 
-void Desktop::guard(const std::function<void()>& entry) { guarded(entry, false); }
-void Desktop::guardStart(const std::function<void()>& entry) { guarded(entry, true); }
+void Desktop::guard(const std::function<void()>& entry) {
+    guarded(entry, false);
+}
+void Desktop::guardStart(const std::function<void()>& entry) {
+    guarded(entry, true);
+}
 
 void Desktop::guarded(const std::function<void()>& entry, bool fatal) {
     if (ended_) {

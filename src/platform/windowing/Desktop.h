@@ -36,8 +36,8 @@ struct FineProcesso {
     int status = 0;
 };
 
-// The host that screens talk to. What both hosts do alike (the order of windows, the life of a form, the guard around every
-// entry) is here; what they show is theirs.
+// The host that screens talk to. What both hosts do alike (the order of windows, the life of a form, the guard around
+// every entry) is here; what they show is theirs.
 class Desktop {
 public:
     Desktop();
@@ -93,9 +93,9 @@ public:
     // Pixel size of a picture file; nullopt when it cannot be read.
     virtual std::optional<std::pair<int, int>> pictureSize(const std::string& path) = 0;
 
-    // --- guard: every entry from the toolkit or the scripted user runs through it. What no routine caught rolls back what the
-    // command opened, is reported, and the program goes on; FineProcesso ends the process.
-    // Afterwards the focus leaves a control that was disabled or hidden meanwhile, and unloaded screens are destroyed.
+    // --- guard: every entry from the toolkit or the scripted user runs through it. What no routine caught rolls back
+    // what the command opened, is reported, and the program goes on; FineProcesso ends the process. Afterwards the
+    // focus leaves a control that was disabled or hidden meanwhile, and unloaded screens are destroyed.
     void guard(const std::function<void()>& entry);
     // The same for the start sequence: a failure is reported and ends the process with status 1.
     void guardStart(const std::function<void()>& entry);
@@ -116,7 +116,8 @@ protected:
     virtual void doUnload(Form& form) = 0; // the window goes for good
     // Runs events until the condition holds or the process has ended.
     virtual void doModalLoop(Form& form, const std::function<bool()>& done) = 0;
-    virtual void doFocus(Control& control) = 0; // moves the toolkit's focus; the core's is already there, no events come of it
+    virtual void doFocus(
+        Control& control) = 0; // moves the toolkit's focus; the core's is already there, no events come of it
     virtual void doEnd() {}
     friend class Interaction;
 

@@ -49,7 +49,9 @@ void TextBox::select(std::size_t start, std::size_t length) {
     notify(Aspect::caret);
 }
 
-void TextBox::selectAll() { select(0, length(text_)); }
+void TextBox::selectAll() {
+    select(0, length(text_));
+}
 
 void TextBox::userText(std::string text, std::size_t caret) {
     const bool differs = text_ != text;
@@ -137,7 +139,12 @@ void OptionButton::choose() {
 }
 
 void DatePicker::setDate(Date date) {
+    const bool wasTyped = typed_.has_value();
+    typed_.reset();
     if (date_ == date) {
+        if (wasTyped) {
+            notify(Aspect::value);
+        }
         return;
     }
     date_ = date;
@@ -147,12 +154,35 @@ void DatePicker::setDate(Date date) {
     }
 }
 
+void DatePicker::startTyping(std::string text) {
+    typed_ = std::move(text);
+    notify(Aspect::value);
+}
+
+void DatePicker::userTyped(std::string text) {
+    const auto lastGroup = text.size() - (text.find_last_of("/-.") + 1);
+    const bool whole = lastGroup == (text.find_first_of("/-.") == std::string::npos ? 8U : 4U);
+    const std::optional<Date> date = whole ? Date::parse(text) : std::nullopt;
+    if (date) {
+        setDate(*date);
+    } else {
+        startTyping(std::move(text));
+    }
+}
+
+void DatePicker::endTyping() {
+    if (typed_) {
+        setDate(Date::parse(*typed_).value_or(date_));
+    }
+}
+
 void SpinButton::spin(bool up) {
     if (buddy == nullptr) {
         return;
     }
     const double now = leadingNumber(buddy->text());
-    const double next = std::clamp(now + (up ? step : -step), static_cast<double>(minimum), static_cast<double>(maximum));
+    const double next =
+        std::clamp(now + (up ? step : -step), static_cast<double>(minimum), static_cast<double>(maximum));
     buddy->setText(std::to_string(static_cast<long>(next)));
 }
 

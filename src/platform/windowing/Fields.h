@@ -12,10 +12,10 @@ namespace bravona {
 
 enum class TextStyle {
     normal,
-    title,  // a heading
-    total,  // larger and bolder than what it totals
-    grand,  // the most visible figure of the window
-    hint    // grey
+    title, // a heading
+    total, // larger and bolder than what it totals
+    grand, // the most visible figure of the window
+    hint   // grey
 };
 
 // A fixed text; its click and double click can be handled.
@@ -47,7 +47,8 @@ private:
     std::string caption_;
 };
 
-// A line, or several, of text. Setting the text raises `onChange` when it differs, as typing does. Positions count characters.
+// A line, or several, of text. Setting the text raises `onChange` when it differs, as typing does. Positions count
+// characters.
 class TextBox final : public Control {
 public:
     explicit TextBox(int widthInCharacters = 20) : Control(ControlKind::textBox), width(widthInCharacters) {}
@@ -103,7 +104,9 @@ private:
 // One of a group: the options of the same array, or, outside arrays, those of the same container.
 class OptionButton final : public Control {
 public:
-    explicit OptionButton(std::string caption = {}) : Control(ControlKind::optionButton), caption_(std::move(caption)) {}
+    explicit OptionButton(std::string caption = {})
+        : Control(ControlKind::optionButton),
+          caption_(std::move(caption)) {}
     [[nodiscard]] const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
     [[nodiscard]] bool chosen() const { return chosen_; }
@@ -129,7 +132,11 @@ public:
     // Begins to type a date: the field shows this text with the caret behind it, until it is a date or is left.
     void startTyping(std::string text);
     [[nodiscard]] const std::optional<std::string>& typed() const { return typed_; }
-    void userTyped(std::string text); // what the hand typed so far; becomes the date as soon as it reads as one
+    // What the hand typed so far; becomes the date as soon as it reads as one with its whole year.
+    void userTyped(std::string text);
+    // The field is left or Enter pressed: what reads as a date, the year in two digits perhaps, becomes it; else the
+    // old date shows again. Called by the core when the focus goes.
+    void endTyping();
     std::function<void()> onChange;
 
 private:

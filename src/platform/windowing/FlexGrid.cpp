@@ -7,9 +7,13 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() { throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo"); }
+[[noreturn]] void outOfRange() {
+    throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
+}
 
-std::size_t at(int position) { return static_cast<std::size_t>(position); }
+std::size_t at(int position) {
+    return static_cast<std::size_t>(position);
+}
 
 } // namespace
 
@@ -135,7 +139,9 @@ void FlexGrid::setCurrent(int row, int col) {
     notify(Aspect::selection, at(row));
 }
 
-void FlexGrid::scrollToBottom() { notify(Aspect::scroll, rows_.empty() ? 0 : rows_.size() - 1); }
+void FlexGrid::scrollToBottom() {
+    notify(Aspect::scroll, rows_.empty() ? 0 : rows_.size() - 1);
+}
 
 void FlexGrid::placeOver(Control& editor, int row, int col) {
     check(row, col);

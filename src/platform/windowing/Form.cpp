@@ -29,7 +29,10 @@ Control* firstFocusable(const Layout& content) {
 } // namespace
 
 Form::Form(Desktop& desktop, std::string name, std::string caption, WindowStyle style)
-    : desktop_(desktop), name_(std::move(name)), caption_(std::move(caption)), style_(style) {}
+    : desktop_(desktop),
+      name_(std::move(name)),
+      caption_(std::move(caption)),
+      style_(style) {}
 
 Form::~Form() = default;
 
@@ -130,7 +133,10 @@ void Form::place(const Layout& node, Control* container, int page) {
     const bool contains = node.kind == Layout::Kind::frame || node.kind == Layout::Kind::tabs;
     int child = 0;
     for (const Layout& inner : node.children) {
-        place(inner, contains ? node.control : container, node.kind == Layout::Kind::tabs ? child : contains ? -1 : page);
+        place(inner, contains ? node.control : container,
+              node.kind == Layout::Kind::tabs ? child
+              : contains                      ? -1
+                                              : page);
         ++child;
     }
 }
@@ -145,9 +151,17 @@ void Form::placeParts(Control& control) {
     }
 }
 
-void Form::show() { desktop_.show(*this); }
-void Form::showModal() { desktop_.showModal(*this); }
-void Form::hide() { desktop_.hide(*this); }
-bool Form::unload() { return desktop_.unload(*this); }
+void Form::show() {
+    desktop_.show(*this);
+}
+void Form::showModal() {
+    desktop_.showModal(*this);
+}
+void Form::hide() {
+    desktop_.hide(*this);
+}
+bool Form::unload() {
+    return desktop_.unload(*this);
+}
 
 } // namespace bravona

@@ -22,8 +22,9 @@ enum class WindowStyle {
     splash  // bare picture, goes by itself: the program does not wait for the person there
 };
 
-// A screen: a class with its controls as public members, its handlers as methods and its layout made in its constructor.
-// It is made when first asked for, loaded (`onLoad`) at the latest when it is shown, and gone after unloading.
+// A screen: a class with its controls as public members, its handlers as methods and its layout made in its
+// constructor. It is made when first asked for, loaded (`onLoad`) at the latest when it is shown, and gone after
+// unloading.
 class Form {
 public:
     Form(Desktop& desktop, std::string name, std::string caption, WindowStyle style = WindowStyle::child);
@@ -60,20 +61,21 @@ public:
     [[nodiscard]] const Layout& layout() const { return layout_; }
     // "txtComune[0]", "cmbRegistro", "Griglia", "Griglia.casella[2]"; nullptr when there is none.
     [[nodiscard]] Control* find(std::string_view fullName) const;
-    // All of them, in Tab order as the layout stands; parts that stand in no layout (editors of a grid) behind their compound.
+    // All of them, in Tab order as the layout stands; parts that stand in no layout (editors of a grid) behind their
+    // compound.
     [[nodiscard]] const std::vector<Control*>& tabOrder() const { return tabOrder_; }
     [[nodiscard]] Control* focusedControl() const { return focused_; }
 
     std::vector<Timer*> timers;
-    std::unique_ptr<Menu> menuBar;    // of the main window
-    std::unique_ptr<Menu> popupMenu;  // where the screen has one; its entries are found by `menu`
+    std::unique_ptr<Menu> menuBar;   // of the main window
+    std::unique_ptr<Menu> popupMenu; // where the screen has one; its entries are found by `menu`
     std::unique_ptr<StatusBar> statusBar;
     void statusBarChanged();
     void menuChanged();
 
     // --- hooks
     virtual void onLoad() {}
-    virtual void onActivate() {} // each time it comes to the front
+    virtual void onActivate() {}                                      // each time it comes to the front
     virtual bool onQueryUnload(CloseCause /*cause*/) { return true; } // false refuses to close
     virtual void onUnload() {}
     virtual void onKeyDown(KeyEvent& /*event*/) {} // before the control's
@@ -94,7 +96,8 @@ protected:
     void add(const std::string& name, Control& control, int index = -1);
     template <class C, std::size_t N>
     void add(const std::string& name, std::array<C, N>& controls) {
-        for (std::size_t i = 0; i < N; ++i) add(name, controls[i], static_cast<int>(i));
+        for (std::size_t i = 0; i < N; ++i)
+            add(name, controls[i], static_cast<int>(i));
     }
     // Once, at the end of the constructor, after all controls were added.
     void setLayout(Layout layout);
@@ -119,7 +122,7 @@ private:
     Layout layout_;
     std::vector<Control*> tabOrder_;
     Control* focused_ = nullptr;
-    int commands_ = 0; // under way, for which the field was left
+    int commands_ = 0;       // under way, for which the field was left
     bool fieldLeft_ = false; // the focused control's `onLostFocus` was raised, its `onGotFocus` not yet again
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;

@@ -12,8 +12,8 @@
 
 namespace bravona {
 
-// A grid of cells with a current one. Row 0 is the heading row. Editors (text boxes, a date picker) are laid over its cells by
-// their owner. Rows and columns count from 0, Errore 9 out of range.
+// A grid of cells with a current one. Row 0 is the heading row. Editors (text boxes, a date picker) are laid over its
+// cells by their owner. Rows and columns count from 0, Errore 9 out of range.
 class FlexGrid final : public Control {
 public:
     enum class Picture { none, paid, unpaid };
@@ -44,7 +44,9 @@ public:
     void setCurrent(int row, int col); // by code, no event
     void scrollToBottom();
 
-    [[nodiscard]] std::string shownText() const override { return rows() > 0 && cols() > 0 ? text(row_, col_) : std::string(); }
+    [[nodiscard]] std::string shownText() const override {
+        return rows() > 0 && cols() > 0 ? text(row_, col_) : std::string();
+    }
     [[nodiscard]] bool focusable() const override { return true; }
 
     // Editors: an overlay stands over one cell while it is visible.
@@ -87,15 +89,16 @@ struct DataColumn {
     std::string caption; // empty: the field's name
     int width = 1440;    // twips; 0 hides the column
     Align align = Align::left;
-    std::string pattern;  // "#,##0.00"
-    bool locked = false;  // no typing
-    bool button = false;  // a button in its cells
+    std::string pattern; // "#,##0.00"
+    bool locked = false; // no typing
+    bool button = false; // a button in its cells
     bool visible = true;
 };
 
-// An editable grid bound to a record set. The current row is shared with the set. A row is committed (sent, or kept in a
-// batch set) when the person leaves it; the row after the last one is the new-row line. What the store or the column's type
-// refuses is shown (the box for a value that does not fit, or the platform's report), and the cell kept as typed.
+// An editable grid bound to a record set. The current row is shared with the set. A row is committed (sent, or kept in
+// a batch set) when the person leaves it; the row after the last one is the new-row line. What the store or the
+// column's type refuses is shown (the box for a value that does not fit, or the platform's report), and the cell kept
+// as typed.
 class DataGrid final : public Control {
 public:
     DataGrid() : Control(ControlKind::dataGrid) {}
@@ -126,8 +129,9 @@ public:
     bool userMove(std::size_t row, std::size_t column);
     bool userBeginEdit(const std::string& text); // typing on a cell replaces its text; locked columns refuse
     void userEditText(std::string text);
-    bool userEndEdit(bool accept); // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
-    bool userEscape();             // gives the old text back, or, with no edit under way, forgets the row's unsent changes
+    bool userEndEdit(
+        bool accept);  // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
+    bool userEscape(); // gives the old text back, or, with no edit under way, forgets the row's unsent changes
     bool userDeleteRow(std::size_t row);
     void userButton(std::size_t row, std::size_t column);
     bool userLeave(); // the focus leaves the grid: ends the edit and commits the row (called by the core)
@@ -135,8 +139,8 @@ public:
 
     bool allowAddNew = true;
     bool allowDelete = true;
-    std::function<void()> onBeforeUpdate;                  // the current row is about to be committed
-    std::function<void(std::size_t)> onButtonClick;        // column
+    std::function<void()> onBeforeUpdate;                   // the current row is about to be committed
+    std::function<void(std::size_t)> onButtonClick;         // column
     std::function<void(std::size_t, std::size_t)> onChange; // row, column
 
 private:

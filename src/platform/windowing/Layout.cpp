@@ -16,7 +16,9 @@ Layout node(Layout::Kind kind, std::vector<Layout> children) {
 
 } // namespace
 
-Layout row(std::vector<Layout> children) { return node(Layout::Kind::row, std::move(children)); }
+Layout row(std::vector<Layout> children) {
+    return node(Layout::Kind::row, std::move(children));
+}
 
 Layout rowEnd(std::vector<Layout> children) {
     Layout made = row(std::move(children));
@@ -24,9 +26,13 @@ Layout rowEnd(std::vector<Layout> children) {
     return made;
 }
 
-Layout column(std::vector<Layout> children) { return node(Layout::Kind::column, std::move(children)); }
+Layout column(std::vector<Layout> children) {
+    return node(Layout::Kind::column, std::move(children));
+}
 
-Layout form(std::vector<Layout> lines) { return node(Layout::Kind::form, std::move(lines)); }
+Layout form(std::vector<Layout> lines) {
+    return node(Layout::Kind::form, std::move(lines));
+}
 
 Layout line(std::string caption, Layout content) {
     Layout made = node(Layout::Kind::line, {std::move(content)});

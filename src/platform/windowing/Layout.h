@@ -10,8 +10,8 @@ namespace bravona {
 class Frame;
 class TabControl;
 
-// How the controls of a form stand: a small tree of rows, columns, labelled lines, frames and tabs. The order of the tree is
-// the order of Tab. Spacing, alignment and widths are the renderer's.
+// How the controls of a form stand: a small tree of rows, columns, labelled lines, frames and tabs. The order of the
+// tree is the order of Tab. Spacing, alignment and widths are the renderer's.
 struct Layout {
     enum class Kind {
         row,     // children side by side
@@ -28,7 +28,7 @@ struct Layout {
     Control* label = nullptr; // of a line, when the label is a control of the form
     std::string caption;      // of a line
     std::vector<Layout> children;
-    int grow = 0;       // share of the spare room along the parent's direction; 0 for none
+    int grow = 0;          // share of the spare room along the parent's direction; 0 for none
     bool alignEnd = false; // of a row: its children stand at the right edge
 };
 

@@ -12,8 +12,12 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() { throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo"); }
-[[noreturn]] void keyTaken() { throw Errore(errori::chiaveGiaInElenco, "La chiave non è univoca nell'insieme"); }
+[[noreturn]] void outOfRange() {
+    throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
+}
+[[noreturn]] void keyTaken() {
+    throw Errore(errori::chiaveGiaInElenco, "La chiave non è univoca nell'insieme");
+}
 
 int findText(const std::vector<ListItem>& items, const std::string& text) {
     for (std::size_t i = 0; i < items.size(); ++i) {

@@ -25,12 +25,12 @@ public:
     [[nodiscard]] bool editable() const { return editable_; }
     [[nodiscard]] const std::vector<ListItem>& items() const { return items_; }
     void addItem(std::string text, std::int32_t data = 0);
-    void clear(); // no items, no index, no text
+    void clear();                                          // no items, no index, no text
     [[nodiscard]] int listIndex() const { return index_; } // -1: none
-    void setListIndex(int index); // Errore 9 out of range
+    void setListIndex(int index);                          // Errore 9 out of range
     [[nodiscard]] const std::string& text() const { return text_; }
-    // Of an editable combo: the typed text (raises `onChange`). Of a fixed one: chooses the item of exactly that text, else shows
-    // the text with no index.
+    // Of an editable combo: the typed text (raises `onChange`). Of a fixed one: chooses the item of exactly that text,
+    // else shows the text with no index.
     void setText(const std::string& text);
     [[nodiscard]] std::int32_t itemData() const; // of the chosen item; Errore 9 without one
     [[nodiscard]] std::string shownText() const override { return text_; }
@@ -63,7 +63,9 @@ public:
     [[nodiscard]] int listIndex() const { return index_; }
     void setListIndex(int index);
     [[nodiscard]] std::int32_t itemData() const;
-    [[nodiscard]] std::string shownText() const override { return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)].text; }
+    [[nodiscard]] std::string shownText() const override {
+        return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)].text;
+    }
     [[nodiscard]] bool focusable() const override { return true; }
     int lines = 6;
 
@@ -94,10 +96,13 @@ struct ListRow {
     bool bold = false;
     bool checked = false;
 
-    [[nodiscard]] const std::string& cell(std::size_t column) const { return column == 0 ? text : sub.at(column - 1).text; }
+    [[nodiscard]] const std::string& cell(std::size_t column) const {
+        return column == 0 ? text : sub.at(column - 1).text;
+    }
 };
 
-// Columns and rows, one row selected. Rows are reached by position from 0; keys are unique (Errore 35602), an empty key is none.
+// Columns and rows, one row selected. Rows are reached by position from 0; keys are unique (Errore 35602), an empty key
+// is none.
 class ListView final : public Control {
 public:
     ListView() : Control(ControlKind::listView) {}
@@ -106,9 +111,9 @@ public:
 
     [[nodiscard]] std::size_t rowCount() const { return rows_.size(); }
     [[nodiscard]] const ListRow& row(std::size_t row) const; // Errore 9 out of range
-    std::size_t add(ListRow row);                             // its position; sub-items are filled up to the columns
-    void append(std::vector<ListRow> rows);                   // many at once
-    void setRow(std::size_t row, ListRow value);              // the key may not change
+    std::size_t add(ListRow row);                            // its position; sub-items are filled up to the columns
+    void append(std::vector<ListRow> rows);                  // many at once
+    void setRow(std::size_t row, ListRow value);             // the key may not change
     void setCell(std::size_t row, std::size_t column, std::string text);
     void setChecked(std::size_t row, bool checked); // no event
     void setColour(std::size_t row, std::optional<Colour> colour);
@@ -126,9 +131,9 @@ public:
     [[nodiscard]] bool focusable() const override { return true; }
 
     // What the hand did; raise the events.
-    void userSelect(std::size_t row);               // click on a row: selects it, `onItemClick`
-    void userCheck(std::size_t row, bool checked);  // `onItemCheck`
-    void userColumnClick(std::size_t column);       // sorts where allowed (up first, then down), `onColumnClick`
+    void userSelect(std::size_t row);              // click on a row: selects it, `onItemClick`
+    void userCheck(std::size_t row, bool checked); // `onItemCheck`
+    void userColumnClick(std::size_t column);      // sorts where allowed (up first, then down), `onColumnClick`
 
     bool checkBoxes = false;
     bool sortable = false;
@@ -174,7 +179,9 @@ public:
     void ensureVisible(int node); // opens its parents
     [[nodiscard]] int selected() const { return selected_; }
     void select(int node); // no event; opens its parents
-    [[nodiscard]] std::string shownText() const override { return selected_ < 0 ? std::string() : nodes_[static_cast<std::size_t>(selected_)].text; }
+    [[nodiscard]] std::string shownText() const override {
+        return selected_ < 0 ? std::string() : nodes_[static_cast<std::size_t>(selected_)].text;
+    }
     [[nodiscard]] bool focusable() const override { return true; }
     void userSelect(int node); // `onNodeClick`
     std::function<void(int)> onNodeClick;

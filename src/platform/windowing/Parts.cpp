@@ -12,7 +12,9 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() { throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo"); }
+[[noreturn]] void outOfRange() {
+    throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
+}
 
 } // namespace
 

@@ -140,7 +140,7 @@ public:
     void setPath(const std::string& path);
     [[nodiscard]] const std::vector<std::string>& files() const { return files_; }
     [[nodiscard]] int listIndex() const { return index_; }
-    void setListIndex(int index); // raises `onClick`
+    void setListIndex(int index);               // raises `onClick`
     [[nodiscard]] std::string fileName() const; // empty without a selection
     [[nodiscard]] std::string shownText() const override { return fileName(); }
     [[nodiscard]] bool focusable() const override { return true; }
@@ -161,8 +161,8 @@ public:
     void setPages(std::shared_ptr<const Pages> pages);
     [[nodiscard]] const std::shared_ptr<const Pages>& pages() const { return pages_; }
     [[nodiscard]] int page() const { return page_; } // from 0
-    void setPage(int page);                           // clamped; raises `onChange`
-    [[nodiscard]] int zoom() const { return zoom_; }  // percent, or fitWidth, fitPage
+    void setPage(int page);                          // clamped; raises `onChange`
+    [[nodiscard]] int zoom() const { return zoom_; } // percent, or fitWidth, fitPage
     void setZoom(int zoom);
     void setSearch(std::string text); // marks its places on the page; empty: none
     [[nodiscard]] const std::string& search() const { return search_; }
@@ -191,7 +191,9 @@ public:
     [[nodiscard]] std::string shownText() const override { return {}; }
 
 protected:
-    void addPart(std::string name, Control& control, int index = -1) { parts_.push_back({std::move(name), index, &control}); }
+    void addPart(std::string name, Control& control, int index = -1) {
+        parts_.push_back({std::move(name), index, &control});
+    }
 
 private:
     std::vector<Part> parts_;
@@ -214,7 +216,8 @@ public:
 class Menu {
 public:
     explicit Menu(std::string menuName = {}, std::string menuCaption = {})
-        : name(std::move(menuName)), caption(std::move(menuCaption)) {}
+        : name(std::move(menuName)),
+          caption(std::move(menuCaption)) {}
     Menu& add(std::string entryName, std::string entryCaption, std::function<void()> action = {});
     void addSeparator();
     [[nodiscard]] Menu* find(const std::string& entryName);

@@ -6,9 +6,13 @@
 
 namespace bravona {
 
-void Schermate::add(const std::string& name, Factory factory) { factories_[name] = std::move(factory); }
+void Schermate::add(const std::string& name, Factory factory) {
+    factories_[name] = std::move(factory);
+}
 
-bool Schermate::knows(const std::string& name) const { return factories_.contains(name); }
+bool Schermate::knows(const std::string& name) const {
+    return factories_.contains(name);
+}
 
 Form& Schermate::get(const std::string& name) {
     if (Form* there = find(name); there != nullptr) {
@@ -32,9 +36,8 @@ Form* Schermate::find(const std::string& name) const {
 }
 
 std::size_t Schermate::loadedCount() const {
-    return static_cast<std::size_t>(std::count_if(forms_.begin(), forms_.end(), [](const auto& form) {
-        return form->loaded() && form->countsAsWindow;
-    }));
+    return static_cast<std::size_t>(std::count_if(
+        forms_.begin(), forms_.end(), [](const auto& form) { return form->loaded() && form->countsAsWindow; }));
 }
 
 std::vector<Form*> Schermate::loaded() const {
@@ -59,6 +62,14 @@ void Schermate::forget(Form& form) {
         dead_.push_back(std::move(*place));
         forms_.erase(place);
     }
+}
+
+void Schermate::clear() {
+    for (auto& form : forms_) {
+        dead_.push_back(std::move(form));
+    }
+    forms_.clear();
+    sweep();
 }
 
 void Schermate::sweep() {

@@ -34,6 +34,8 @@ public:
     // Forgets an unloaded screen; it is destroyed at the next `sweep`, when none of its handlers can be running.
     void forget(Form& form);
     void sweep();
+    // Destroys every screen without asking: the session that they belong to goes.
+    void clear();
 
 private:
     std::map<std::string, Factory> factories_;
