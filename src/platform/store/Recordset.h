@@ -22,10 +22,11 @@ public:
     [[nodiscard]] FieldType type() const;
     // Errore 3021 without a current row.
     [[nodiscard]] const Value& value() const;
-    // Converted to the column's type by Italian settings: Errore 13 for what cannot be read, 6 out of range. An empty text
-    // stores Null in a numeric or date column. On a row of a stored set nothing is sent before `update`.
+    // Converted to the column's type by Italian settings: Errore 13 for what cannot be read, 6 out of range. An empty
+    // text stores Null in a numeric or date column. On a row of a stored set nothing is sent before `update`.
     void set(const Value& value);
-    Field& operator=(const Value& value) {
+    Field& operator=(const Value& value)
+    {
         set(value);
         return *this;
     }
@@ -52,18 +53,18 @@ private:
 };
 
 struct ColumnInfo {
-    std::string name; // as the query delivers it: bare, or Table.Column where a join has the name twice
+    std::string name;  // as the query delivers it: bare, or Table.Column where a join has the name twice
     FieldType type = FieldType::text;
     std::string table;  // base table and column, empty for an expression
     std::string column;
 };
 
 // A client-side, static record set: rows in memory, movement, and, when opened updatable, changes sent row by row
-// (`update`) or in one batch (`updateBatch`). A table opened by name to add rows reads none of them until a row is asked for.
-// Movable, not copyable. Every failure is an Errore with the store's number.
+// (`update`) or in one batch (`updateBatch`). A table opened by name to add rows reads none of them until a row is
+// asked for. Movable, not copyable. Every failure is an Errore with the store's number.
 class Recordset {
 public:
-    Recordset(); // closed
+    Recordset();  // closed
     ~Recordset();
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
@@ -85,12 +86,12 @@ public:
     // --- movement: the first row is current after opening; beyond either end there is none.
     [[nodiscard]] bool eof() const;
     [[nodiscard]] bool bof() const;
-    void moveFirst(); // Errore 3021 on an empty set
+    void moveFirst();  // Errore 3021 on an empty set
     void moveLast();
-    void moveNext(); // Errore 3021 when already at the end
+    void moveNext();  // Errore 3021 when already at the end
     void movePrevious();
-    void moveTo(std::size_t row); // from 0; Errore 9 out of range
-    [[nodiscard]] std::size_t position() const; // of the current row, from 0
+    void moveTo(std::size_t row);                // from 0; Errore 9 out of range
+    [[nodiscard]] std::size_t position() const;  // of the current row, from 0
 
     // Errore 3265 for an unknown name, 9 for a position out of range.
     Field operator[](std::string_view name);
@@ -105,12 +106,12 @@ public:
     Recordset& chapter(std::string_view name);
 
     // --- changes
-    void addNew();       // a new current row, not sent
-    void update();       // sends the current row: an INSERT or an UPDATE; a counter can be read back afterwards
-    void cancelUpdate(); // forgets what was not sent; a new row goes
-    void remove();       // deletes the current row; the next one becomes current
-    void updateBatch();  // sends every row changed, added or removed since opening, in order, all or nothing
-    [[nodiscard]] bool isEdited() const; // the current row has unsent changes
+    void addNew();        // a new current row, not sent
+    void update();        // sends the current row: an INSERT or an UPDATE; a counter can be read back afterwards
+    void cancelUpdate();  // forgets what was not sent; a new row goes
+    void remove();        // deletes the current row; the next one becomes current
+    void updateBatch();   // sends every row changed, added or removed since opening, in order, all or nothing
+    [[nodiscard]] bool isEdited() const;  // the current row has unsent changes
     // Batch sets keep changes until `updateBatch`; told at opening.
     [[nodiscard]] bool isBatch() const;
     [[nodiscard]] bool isUpdatable() const;
@@ -124,4 +125,4 @@ private:
     std::unique_ptr<State> state_;
 };
 
-} // namespace bravona
+}  // namespace bravona

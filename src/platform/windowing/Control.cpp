@@ -6,7 +6,8 @@
 
 namespace bravona {
 
-std::string Control::fullName() const {
+std::string Control::fullName() const
+{
     std::string full = prefix_.empty() ? name_ : prefix_ + "." + name_;
     if (index_ >= 0) {
         full += "[" + std::to_string(index_) + "]";
@@ -14,7 +15,8 @@ std::string Control::fullName() const {
     return full;
 }
 
-bool Control::effectivelyEnabled() const {
+bool Control::effectivelyEnabled() const
+{
     if (!enabled_) {
         return false;
     }
@@ -28,7 +30,8 @@ bool Control::effectivelyEnabled() const {
     return container_->effectivelyEnabled();
 }
 
-bool Control::effectivelyVisible() const {
+bool Control::effectivelyVisible() const
+{
     if (!visible_) {
         return false;
     }
@@ -44,7 +47,8 @@ bool Control::effectivelyVisible() const {
     return container_->effectivelyVisible();
 }
 
-void Control::setEnabled(bool enabled) {
+void Control::setEnabled(bool enabled)
+{
     if (enabled_ == enabled) {
         return;
     }
@@ -52,7 +56,8 @@ void Control::setEnabled(bool enabled) {
     notify(Aspect::enabled);
 }
 
-void Control::setVisible(bool visible) {
+void Control::setVisible(bool visible)
+{
     if (visible_ == visible) {
         return;
     }
@@ -60,7 +65,8 @@ void Control::setVisible(bool visible) {
     notify(Aspect::visible);
 }
 
-void Control::setBackColour(std::optional<Colour> colour) {
+void Control::setBackColour(std::optional<Colour> colour)
+{
     if (backColour_ == colour) {
         return;
     }
@@ -68,7 +74,8 @@ void Control::setBackColour(std::optional<Colour> colour) {
     notify(Aspect::colours);
 }
 
-void Control::setForeColour(std::optional<Colour> colour) {
+void Control::setForeColour(std::optional<Colour> colour)
+{
     if (foreColour_ == colour) {
         return;
     }
@@ -76,23 +83,27 @@ void Control::setForeColour(std::optional<Colour> colour) {
     notify(Aspect::colours);
 }
 
-void Control::setToolTip(std::string tip) {
+void Control::setToolTip(std::string tip)
+{
     toolTip_ = std::move(tip);
     notify(Aspect::toolTip);
 }
 
-bool Control::setFocus() {
+bool Control::setFocus()
+{
     return form_ != nullptr && form_->desktop().focus(*this);
 }
 
-bool Control::hasFocus() const {
+bool Control::hasFocus() const
+{
     return form_ != nullptr && form_->focusedControl() == this;
 }
 
-void Control::notify(Aspect aspect, std::size_t row) {
+void Control::notify(Aspect aspect, std::size_t row)
+{
     if (form_ != nullptr && form_->observer() != nullptr) {
         form_->observer()->changed(*this, aspect, row);
     }
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -45,7 +45,7 @@ class ControlObserver {
 public:
     virtual ~ControlObserver() = default;
     virtual void changed(Control& control, Aspect aspect, std::size_t row) = 0;
-    virtual void changed(Form& form) = 0; // caption, default button, size
+    virtual void changed(Form& form) = 0;  // caption, default button, size
 };
 
 // What all controls have: a plain record with its events. A control belongs to one form, which names it, and stands in
@@ -60,9 +60,9 @@ public:
     Control& operator=(const Control&) = delete;
 
     [[nodiscard]] ControlKind kind() const { return kind_; }
-    [[nodiscard]] const std::string& name() const { return name_; } // without index
-    [[nodiscard]] int index() const { return index_; }              // -1 outside an array
-    [[nodiscard]] std::string fullName() const;                     // "txtComune[0]", "Griglia.Command1"
+    [[nodiscard]] const std::string& name() const { return name_; }  // without index
+    [[nodiscard]] int index() const { return index_; }               // -1 outside an array
+    [[nodiscard]] std::string fullName() const;                      // "txtComune[0]", "Griglia.Command1"
     [[nodiscard]] Form* form() const { return form_; }
     [[nodiscard]] Control* container() const { return container_; }
 
@@ -76,7 +76,7 @@ public:
 
     [[nodiscard]] const std::optional<Colour>& backColour() const { return backColour_; }
     [[nodiscard]] const std::optional<Colour>& foreColour() const { return foreColour_; }
-    void setBackColour(std::optional<Colour> colour); // nullopt: the palette's
+    void setBackColour(std::optional<Colour> colour);  // nullopt: the palette's
     void setForeColour(std::optional<Colour> colour);
     [[nodiscard]] const std::string& toolTip() const { return toolTip_; }
     void setToolTip(std::string tip);
@@ -94,7 +94,7 @@ public:
     [[nodiscard]] virtual std::string shownText() const { return {}; }
 
     std::string tag;
-    bool tabStop = true; // false: Tab passes it over, a click still reaches it
+    bool tabStop = true;  // false: Tab passes it over, a click still reaches it
 
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
@@ -112,14 +112,14 @@ public:
 
 private:
     friend class Form;
-    friend class FlexGrid; // its editors stand in it
+    friend class FlexGrid;  // its editors stand in it
     ControlKind kind_;
     std::string name_;
-    std::string prefix_; // of the compound it is part of
+    std::string prefix_;  // of the compound it is part of
     int index_ = -1;
     Form* form_ = nullptr;
     Control* container_ = nullptr;
-    int page_ = -1; // of the container, when that is a tab control
+    int page_ = -1;  // of the container, when that is a tab control
     bool enabled_ = true;
     bool visible_ = true;
     std::optional<Colour> backColour_;
@@ -129,4 +129,4 @@ private:
     std::string labelCaption_;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -6,7 +6,8 @@
 
 namespace bravona {
 
-void DataGrid::bind(Recordset* set) {
+void DataGrid::bind(Recordset* set)
+{
     if (set_ != nullptr && !userLeave() && set_->isOpen()) {
         set_->cancelUpdate();
     }
@@ -26,12 +27,14 @@ void DataGrid::bind(Recordset* set) {
     notify(Aspect::items);
 }
 
-void DataGrid::setColumns(std::vector<DataColumn> columns) {
+void DataGrid::setColumns(std::vector<DataColumn> columns)
+{
     columns_ = std::move(columns);
     notify(Aspect::columns);
 }
 
-std::string DataGrid::caption(std::size_t column) const {
+std::string DataGrid::caption(std::size_t column) const
+{
     const DataColumn& wanted = columns_.at(column);
     if (!wanted.caption.empty() || set_ == nullptr || !set_->isOpen()) {
         return wanted.caption;
@@ -39,16 +42,19 @@ std::string DataGrid::caption(std::size_t column) const {
     return set_->columns().at(setColumn(column)).name;
 }
 
-std::size_t DataGrid::dataRows() const {
+std::size_t DataGrid::dataRows() const
+{
     return set_ == nullptr || !set_->isOpen() ? 0 : set_->recordCount();
 }
 
-std::size_t DataGrid::shownRows() const {
+std::size_t DataGrid::shownRows() const
+{
     const bool newRow = set_ != nullptr && set_->isOpen() && allowAddNew && set_->isUpdatable() && !adding_;
     return dataRows() + (newRow ? 1 : 0);
 }
 
-std::size_t DataGrid::setColumn(std::size_t column) const {
+std::size_t DataGrid::setColumn(std::size_t column) const
+{
     const std::string& wanted = columns_.at(column).field;
     if (wanted.empty()) {
         return column;
@@ -62,7 +68,8 @@ std::size_t DataGrid::setColumn(std::size_t column) const {
     throw Errore(3265, "Colonna sconosciuta: " + wanted);
 }
 
-std::string DataGrid::cellText(std::size_t row, std::size_t column) const {
+std::string DataGrid::cellText(std::size_t row, std::size_t column) const
+{
     if (row == row_ && column == col_ && editing_) {
         return editText_;
     }
@@ -74,12 +81,14 @@ std::string DataGrid::cellText(std::size_t row, std::size_t column) const {
     return pattern.empty() ? value.text() : format(value, pattern);
 }
 
-bool DataGrid::canEdit(std::size_t row, std::size_t column) const {
+bool DataGrid::canEdit(std::size_t row, std::size_t column) const
+{
     return set_ != nullptr && set_->isOpen() && set_->isUpdatable() && row < shownRows() && column < columns_.size() &&
            !columns_[column].locked;
 }
 
-void DataGrid::setCellValue(std::size_t column, const Value& value) {
+void DataGrid::setCellValue(std::size_t column, const Value& value)
+{
     if (set_ == nullptr) {
         throw Errore(errori::nessunRecordCorrente, "Nessun record corrente");
     }
@@ -91,7 +100,8 @@ void DataGrid::setCellValue(std::size_t column, const Value& value) {
     notify(Aspect::row, row_);
 }
 
-bool DataGrid::refused(const Errore& error) {
+bool DataGrid::refused(const Errore& error)
+{
     if (form() == nullptr) {
         return false;
     }
@@ -103,7 +113,8 @@ bool DataGrid::refused(const Errore& error) {
     return false;
 }
 
-bool DataGrid::commitRow() {
+bool DataGrid::commitRow()
+{
     if (set_ == nullptr || !set_->isOpen() || (!adding_ && !set_->isEdited())) {
         return true;
     }
@@ -120,7 +131,8 @@ bool DataGrid::commitRow() {
     return true;
 }
 
-bool DataGrid::userMove(std::size_t row, std::size_t column) {
+bool DataGrid::userMove(std::size_t row, std::size_t column)
+{
     if (row >= shownRows() || column >= columns_.size() || !userEndEdit(true)) {
         return false;
     }
@@ -139,7 +151,8 @@ bool DataGrid::userMove(std::size_t row, std::size_t column) {
     return true;
 }
 
-bool DataGrid::userBeginEdit(const std::string& text) {
+bool DataGrid::userBeginEdit(const std::string& text)
+{
     if (!canEdit(row_, col_)) {
         return false;
     }
@@ -152,14 +165,16 @@ bool DataGrid::userBeginEdit(const std::string& text) {
     return true;
 }
 
-void DataGrid::userEditText(std::string text) {
+void DataGrid::userEditText(std::string text)
+{
     if (editing_) {
         editText_ = std::move(text);
         notify(Aspect::row, row_);
     }
 }
 
-bool DataGrid::userEndEdit(bool accept) {
+bool DataGrid::userEndEdit(bool accept)
+{
     if (!editing_) {
         return true;
     }
@@ -181,7 +196,8 @@ bool DataGrid::userEndEdit(bool accept) {
     return true;
 }
 
-bool DataGrid::userEscape() {
+bool DataGrid::userEscape()
+{
     if (editing_) {
         return userEndEdit(false);
     }
@@ -194,7 +210,8 @@ bool DataGrid::userEscape() {
     return true;
 }
 
-bool DataGrid::userDeleteRow(std::size_t row) {
+bool DataGrid::userDeleteRow(std::size_t row)
+{
     if (!allowDelete || set_ == nullptr || !set_->isOpen() || !set_->isUpdatable() || row >= dataRows()) {
         return false;
     }
@@ -226,14 +243,16 @@ bool DataGrid::userDeleteRow(std::size_t row) {
     return true;
 }
 
-void DataGrid::userButton(std::size_t row, std::size_t column) {
+void DataGrid::userButton(std::size_t row, std::size_t column)
+{
     if (userMove(row, column) && onButtonClick) {
         onButtonClick(column);
     }
 }
 
-bool DataGrid::userLeave() {
+bool DataGrid::userLeave()
+{
     return userEndEdit(true) && commitRow();
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -20,14 +20,15 @@ private:
     bool& flag_;
 };
 
-} // namespace
+}  // namespace
 
 Desktop::Desktop() : interaction_(*this) {}
 Desktop::~Desktop() = default;
 
 // --- boxes ------------------------------------------------------------------------------------------------------
 
-MsgAnswer Desktop::messageBox(const MessageBox& box) {
+MsgAnswer Desktop::messageBox(const MessageBox& box)
+{
     if (ended_) {
         throw FineProcesso{exitStatus_};
     }
@@ -38,20 +39,24 @@ MsgAnswer Desktop::messageBox(const MessageBox& box) {
     return answer;
 }
 
-void Desktop::inform(const std::string& text, const std::string& title) {
+void Desktop::inform(const std::string& text, const std::string& title)
+{
     messageBox({.title = title, .text = text, .icon = MsgIcon::information});
 }
 
-bool Desktop::ask(const std::string& text, const std::string& title) {
+bool Desktop::ask(const std::string& text, const std::string& title)
+{
     return messageBox({.title = title, .text = text, .icon = MsgIcon::question, .buttons = MsgButtons::yesNo}) ==
            MsgAnswer::yes;
 }
 
-void Desktop::critical(const std::string& text, const std::string& title) {
+void Desktop::critical(const std::string& text, const std::string& title)
+{
     messageBox({.title = title, .text = text, .icon = MsgIcon::critical});
 }
 
-void Desktop::report(const Errore& error) {
+void Desktop::report(const Errore& error)
+{
     messageBox({.title = "Errore - Bravona",
                 .text = std::to_string(error.numero()) + " - " + error.descrizione(),
                 .icon = MsgIcon::critical,
@@ -61,7 +66,8 @@ void Desktop::report(const Errore& error) {
 
 // --- windows ----------------------------------------------------------------------------------------------------
 
-void Desktop::load(Form& form) {
+void Desktop::load(Form& form)
+{
     if (form.loaded_) {
         return;
     }
@@ -77,7 +83,8 @@ void Desktop::load(Form& form) {
     }
 }
 
-void Desktop::show(Form& form) {
+void Desktop::show(Form& form)
+{
     if (leaving_ || ended_) {
         return;
     }
@@ -100,7 +107,8 @@ void Desktop::show(Form& form) {
     activateFront();
 }
 
-void Desktop::showModal(Form& form) {
+void Desktop::showModal(Form& form)
+{
     if (leaving_ || ended_) {
         return;
     }
@@ -122,7 +130,8 @@ void Desktop::showModal(Form& form) {
     }
 }
 
-void Desktop::hide(Form& form) {
+void Desktop::hide(Form& form)
+{
     if (!form.shown_) {
         return;
     }
@@ -131,7 +140,8 @@ void Desktop::hide(Form& form) {
     activateFront();
 }
 
-bool Desktop::unload(Form& form, CloseCause cause) {
+bool Desktop::unload(Form& form, CloseCause cause)
+{
     if (!form.loaded_ || form.closing_) {
         return true;
     }
@@ -148,7 +158,8 @@ bool Desktop::unload(Form& form, CloseCause cause) {
 }
 
 // The end of a form that has agreed to it.
-void Desktop::close(Form& form) {
+void Desktop::close(Form& form)
+{
     if (!form.loaded_) {
         return;
     }
@@ -159,7 +170,8 @@ void Desktop::close(Form& form) {
     screens_.forget(form);
 }
 
-bool Desktop::closeMain(Form& form, CloseCause cause) {
+bool Desktop::closeMain(Form& form, CloseCause cause)
+{
     const Closing closing(form.closing_);
     if (!form.onQueryUnload(cause)) {
         return false;
@@ -183,7 +195,8 @@ bool Desktop::closeMain(Form& form, CloseCause cause) {
     return true;
 }
 
-void Desktop::withdraw(Form& form) {
+void Desktop::withdraw(Form& form)
+{
     form.shown_ = false;
     form.modal_ = false;
     std::erase(windows_, &form);
@@ -199,12 +212,14 @@ void Desktop::withdraw(Form& form) {
     }
 }
 
-void Desktop::bringForward(Form& form) {
+void Desktop::bringForward(Form& form)
+{
     std::erase(windows_, &form);
     windows_.push_back(&form);
 }
 
-Form* Desktop::front() const {
+Form* Desktop::front() const
+{
     Form* background = nullptr;
     for (auto place = windows_.rbegin(); place != windows_.rend(); ++place) {
         if (blocked(**place)) {
@@ -219,7 +234,8 @@ Form* Desktop::front() const {
     return background;
 }
 
-Form* Desktop::mainWindow() const {
+Form* Desktop::mainWindow() const
+{
     for (Form* form : screens_.loaded()) {
         if (form->style_ == WindowStyle::main) {
             return form;
@@ -228,11 +244,13 @@ Form* Desktop::mainWindow() const {
     return nullptr;
 }
 
-bool Desktop::blocked(const Form& form) const {
+bool Desktop::blocked(const Form& form) const
+{
     return !modals_.empty() && &form != modals_.back() && form.owner_ != modals_.back();
 }
 
-void Desktop::activateFront() {
+void Desktop::activateFront()
+{
     Form* now = front();
     if (now == active_ || now == nullptr) {
         return;
@@ -244,14 +262,17 @@ void Desktop::activateFront() {
 
 // --- guard ------------------------------------------------------------------------------------------------------
 
-void Desktop::guard(const std::function<void()>& entry) {
+void Desktop::guard(const std::function<void()>& entry)
+{
     guarded(entry, false);
 }
-void Desktop::guardStart(const std::function<void()>& entry) {
+void Desktop::guardStart(const std::function<void()>& entry)
+{
     guarded(entry, true);
 }
 
-void Desktop::guarded(const std::function<void()>& entry, bool fatal) {
+void Desktop::guarded(const std::function<void()>& entry, bool fatal)
+{
     if (ended_) {
         return;
     }
@@ -294,7 +315,8 @@ void Desktop::guarded(const std::function<void()>& entry, bool fatal) {
     }
 }
 
-void Desktop::settle() {
+void Desktop::settle()
+{
     if (Form* now = front(); now != nullptr) {
         interaction_.settle(*now);
     }
@@ -305,12 +327,14 @@ void Desktop::settle() {
     }
 }
 
-void Desktop::setTransactionProbe(std::function<bool()> inTransaction, std::function<void()> rollback) {
+void Desktop::setTransactionProbe(std::function<bool()> inTransaction, std::function<void()> rollback)
+{
     inTransaction_ = std::move(inTransaction);
     rollback_ = std::move(rollback);
 }
 
-void Desktop::end(int status) {
+void Desktop::end(int status)
+{
     if (ended_) {
         return;
     }
@@ -319,4 +343,4 @@ void Desktop::end(int status) {
     doEnd();
 }
 
-} // namespace bravona
+}  // namespace bravona

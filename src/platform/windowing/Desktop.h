@@ -20,15 +20,15 @@ struct MessageBox {
     std::string title;
     std::string text;
     MsgIcon icon = MsgIcon::information;
-    MsgButtons buttons = MsgButtons::ok; // the first is the default
-    bool fault = false;                  // the platform's report of a failure that no routine caught
-    std::uint32_t number = 0;            // of that failure
+    MsgButtons buttons = MsgButtons::ok;  // the first is the default
+    bool fault = false;                   // the platform's report of a failure that no routine caught
+    std::uint32_t number = 0;             // of that failure
 };
 
 struct FileDialog {
     std::string title;
     std::string folder;
-    std::string filter; // "Caption|*.ext|Caption|*.ext"
+    std::string filter;  // "Caption|*.ext|Caption|*.ext"
 };
 
 // Thrown to end the process at once, from wherever it stands. Not a failure: nothing but a host catches it.
@@ -50,22 +50,22 @@ public:
 
     // --- boxes
     MsgAnswer messageBox(const MessageBox& box);
-    void inform(const std::string& text, const std::string& title);   // information icon, OK
-    bool ask(const std::string& text, const std::string& title);      // question icon, Yes and No; true for Yes
-    void critical(const std::string& text, const std::string& title); // critical icon, OK
+    void inform(const std::string& text, const std::string& title);    // information icon, OK
+    bool ask(const std::string& text, const std::string& title);       // question icon, Yes and No; true for Yes
+    void critical(const std::string& text, const std::string& title);  // critical icon, OK
     // The platform's report: number and description under "Errore - Bravona".
     void report(const Errore& error);
 
     // --- windows
     void load(Form& form);
-    void show(Form& form); // loads it, brings it to the front
+    void show(Form& form);  // loads it, brings it to the front
     // Shows it and returns when it is hidden or unloaded. Throws FineProcesso when the process ended meanwhile.
     void showModal(Form& form);
     void hide(Form& form);
-    bool unload(Form& form, CloseCause cause = CloseCause::code); // false when refused
+    bool unload(Form& form, CloseCause cause = CloseCause::code);  // false when refused
     // The window in front: the topmost modal one, otherwise the one last brought forward.
     [[nodiscard]] Form* front() const;
-    [[nodiscard]] const std::vector<Form*>& windows() const { return windows_; } // shown, front last
+    [[nodiscard]] const std::vector<Form*>& windows() const { return windows_; }  // shown, front last
     [[nodiscard]] Form* mainWindow() const;
     // Behind a modal window: takes no input.
     [[nodiscard]] bool blocked(const Form& form) const;
@@ -88,7 +88,7 @@ public:
     virtual std::optional<Colour> chooseColour(const std::string& title, Colour start) = 0;
 
     // --- pages; Errore when the printer or the file refuses
-    virtual bool printPages(const Pages& pages, const std::string& title) = 0; // false when cancelled
+    virtual bool printPages(const Pages& pages, const std::string& title) = 0;  // false when cancelled
     virtual void exportPdf(const Pages& pages, const std::string& path, const std::string& title) = 0;
     // Pixel size of a picture file; nullopt when it cannot be read.
     virtual std::optional<std::pair<int, int>> pictureSize(const std::string& path) = 0;
@@ -105,26 +105,26 @@ public:
 
     [[nodiscard]] bool ended() const { return ended_; }
     [[nodiscard]] int exitStatus() const { return exitStatus_; }
-    void end(int status); // marks the end; loops of the host stop
+    void end(int status);  // marks the end; loops of the host stop
     // Told after every entry, for each loaded form that has timers: follow their `enabled` and `interval`.
     virtual void timersChanged(Form& form) = 0;
 
 protected:
     virtual MsgAnswer doMessageBox(const MessageBox& box) = 0;
-    virtual void doShow(Form& form) = 0; // makes the window and brings it to the front
+    virtual void doShow(Form& form) = 0;  // makes the window and brings it to the front
     virtual void doHide(Form& form) = 0;
-    virtual void doUnload(Form& form) = 0; // the window goes for good
+    virtual void doUnload(Form& form) = 0;  // the window goes for good
     // Runs events until the condition holds or the process has ended.
     virtual void doModalLoop(Form& form, const std::function<bool()>& done) = 0;
     virtual void doFocus(
-        Control& control) = 0; // moves the toolkit's focus; the core's is already there, no events come of it
+        Control& control) = 0;  // moves the toolkit's focus; the core's is already there, no events come of it
     virtual void doEnd() {}
     friend class Interaction;
 
 private:
     void guarded(const std::function<void()>& entry, bool fatal);
     void bringForward(Form& form);
-    void withdraw(Form& form); // from the windows on the screen
+    void withdraw(Form& form);  // from the windows on the screen
     void activateFront();
     void settle();
     void close(Form& form);
@@ -132,15 +132,15 @@ private:
     Schermate screens_;
     Interaction interaction_;
     std::vector<Form*> windows_;
-    std::vector<Form*> modals_; // the topmost last
-    Form* active_ = nullptr;    // last told by `onActivate`
+    std::vector<Form*> modals_;  // the topmost last
+    Form* active_ = nullptr;     // last told by `onActivate`
     Pointer pointer_ = Pointer::normal;
     std::function<bool()> inTransaction_;
     std::function<void()> rollback_;
-    int depth_ = 0; // of entries
+    int depth_ = 0;  // of entries
     bool ended_ = false;
-    bool leaving_ = false; // the main window is closing: no other window opens
+    bool leaving_ = false;  // the main window is closing: no other window opens
     int exitStatus_ = 0;
 };
 
-} // namespace bravona
+}  // namespace bravona

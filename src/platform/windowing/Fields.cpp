@@ -8,21 +8,24 @@
 
 namespace bravona {
 
-void Label::setCaption(std::string caption) {
+void Label::setCaption(std::string caption)
+{
     if (caption_ != caption) {
         caption_ = std::move(caption);
         notify(Aspect::text);
     }
 }
 
-void Button::setCaption(std::string caption) {
+void Button::setCaption(std::string caption)
+{
     if (caption_ != caption) {
         caption_ = std::move(caption);
         notify(Aspect::text);
     }
 }
 
-void TextBox::setText(std::string text) {
+void TextBox::setText(std::string text)
+{
     if (text_ == text) {
         return;
     }
@@ -37,23 +40,27 @@ void TextBox::setText(std::string text) {
     }
 }
 
-void TextBox::setLocked(bool locked) {
+void TextBox::setLocked(bool locked)
+{
     if (locked_ != locked) {
         locked_ = locked;
         notify(Aspect::value);
     }
 }
 
-void TextBox::select(std::size_t start, std::size_t length) {
+void TextBox::select(std::size_t start, std::size_t length)
+{
     userCaret(start, length);
     notify(Aspect::caret);
 }
 
-void TextBox::selectAll() {
+void TextBox::selectAll()
+{
     select(0, length(text_));
 }
 
-void TextBox::userText(std::string text, std::size_t caret) {
+void TextBox::userText(std::string text, std::size_t caret)
+{
     const bool differs = text_ != text;
     text_ = std::move(text);
     selStart_ = std::min(caret, length(text_));
@@ -66,20 +73,23 @@ void TextBox::userText(std::string text, std::size_t caret) {
     }
 }
 
-void TextBox::userCaret(std::size_t start, std::size_t length) {
+void TextBox::userCaret(std::size_t start, std::size_t length)
+{
     const std::size_t whole = bravona::length(text_);
     selStart_ = std::min(start, whole);
     selLength_ = std::min(length, whole - selStart_);
 }
 
-void CheckBox::setCaption(std::string caption) {
+void CheckBox::setCaption(std::string caption)
+{
     if (caption_ != caption) {
         caption_ = std::move(caption);
         notify(Aspect::text);
     }
 }
 
-void CheckBox::setChecked(bool checked) {
+void CheckBox::setChecked(bool checked)
+{
     if (checked_ == checked) {
         return;
     }
@@ -90,14 +100,16 @@ void CheckBox::setChecked(bool checked) {
     }
 }
 
-void OptionButton::setCaption(std::string caption) {
+void OptionButton::setCaption(std::string caption)
+{
     if (caption_ != caption) {
         caption_ = std::move(caption);
         notify(Aspect::text);
     }
 }
 
-std::vector<OptionButton*> OptionButton::group() {
+std::vector<OptionButton*> OptionButton::group()
+{
     if (form() == nullptr) {
         return {this};
     }
@@ -116,12 +128,14 @@ std::vector<OptionButton*> OptionButton::group() {
     return found;
 }
 
-std::string OptionButton::groupName() const {
+std::string OptionButton::groupName() const
+{
     const std::string full = fullName();
     return full.substr(0, full.find('['));
 }
 
-void OptionButton::choose() {
+void OptionButton::choose()
+{
     if (chosen_) {
         return;
     }
@@ -138,7 +152,8 @@ void OptionButton::choose() {
     }
 }
 
-void DatePicker::setDate(Date date) {
+void DatePicker::setDate(Date date)
+{
     const bool wasTyped = typed_.has_value();
     typed_.reset();
     if (date_ == date) {
@@ -154,12 +169,14 @@ void DatePicker::setDate(Date date) {
     }
 }
 
-void DatePicker::startTyping(std::string text) {
+void DatePicker::startTyping(std::string text)
+{
     typed_ = std::move(text);
     notify(Aspect::value);
 }
 
-void DatePicker::userTyped(std::string text) {
+void DatePicker::userTyped(std::string text)
+{
     const auto lastGroup = text.size() - (text.find_last_of("/-.") + 1);
     const bool whole = lastGroup == (text.find_first_of("/-.") == std::string::npos ? 8U : 4U);
     const std::optional<Date> date = whole ? Date::parse(text) : std::nullopt;
@@ -170,13 +187,15 @@ void DatePicker::userTyped(std::string text) {
     }
 }
 
-void DatePicker::endTyping() {
+void DatePicker::endTyping()
+{
     if (typed_) {
         setDate(Date::parse(*typed_).value_or(date_));
     }
 }
 
-void SpinButton::spin(bool up) {
+void SpinButton::spin(bool up)
+{
     if (buddy == nullptr) {
         return;
     }
@@ -186,4 +205,4 @@ void SpinButton::spin(bool up) {
     buddy->setText(std::to_string(static_cast<long>(next)));
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -12,10 +12,10 @@ namespace bravona {
 
 enum class TextStyle {
     normal,
-    title, // a heading
-    total, // larger and bolder than what it totals
-    grand, // the most visible figure of the window
-    hint   // grey
+    title,  // a heading
+    total,  // larger and bolder than what it totals
+    grand,  // the most visible figure of the window
+    hint    // grey
 };
 
 // A fixed text; its click and double click can be handled.
@@ -29,7 +29,7 @@ public:
     TextStyle style = TextStyle::normal;
     bool fixedPitch = false;
     bool wrap = false;
-    bool sunken = false; // reads like a read-only field
+    bool sunken = false;  // reads like a read-only field
 
 private:
     std::string caption_;
@@ -57,9 +57,9 @@ public:
     [[nodiscard]] std::string shownText() const override { return text_; }
     [[nodiscard]] bool focusable() const override { return true; }
 
-    [[nodiscard]] bool locked() const { return locked_; } // read-only, still selectable
+    [[nodiscard]] bool locked() const { return locked_; }  // read-only, still selectable
     void setLocked(bool locked);
-    [[nodiscard]] std::size_t selStart() const { return selStart_; } // the caret when nothing is selected
+    [[nodiscard]] std::size_t selStart() const { return selStart_; }  // the caret when nothing is selected
     [[nodiscard]] std::size_t selLength() const { return selLength_; }
     void select(std::size_t start, std::size_t length);
     void selectAll();
@@ -68,15 +68,15 @@ public:
     void userText(std::string text, std::size_t caret);
     void userCaret(std::size_t start, std::size_t length);
 
-    int width; // in characters, of the space it asks for
+    int width;  // in characters, of the space it asks for
     int lines = 1;
     bool multiLine = false;
     bool fixedPitch = false;
     Align align = Align::left;
     TextStyle style = TextStyle::normal;
-    std::size_t maxLength = 0; // 0: none
+    std::size_t maxLength = 0;  // 0: none
     bool selectOnFocus = true;
-    bool grows = false; // takes spare width
+    bool grows = false;  // takes spare width
     std::function<void()> onChange;
 
 private:
@@ -92,7 +92,7 @@ public:
     [[nodiscard]] const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
     [[nodiscard]] bool checked() const { return checked_; }
-    void setChecked(bool checked); // raises `onClick` when it differs
+    void setChecked(bool checked);  // raises `onClick` when it differs
     [[nodiscard]] std::string shownText() const override { return checked_ ? "1" : "0"; }
     [[nodiscard]] bool focusable() const override { return true; }
 
@@ -104,16 +104,15 @@ private:
 // One of a group: the options of the same array, or, outside arrays, those of the same container.
 class OptionButton final : public Control {
 public:
-    explicit OptionButton(std::string caption = {})
-        : Control(ControlKind::optionButton),
-          caption_(std::move(caption)) {}
+    explicit OptionButton(std::string caption = {}) : Control(ControlKind::optionButton), caption_(std::move(caption))
+    {}
     [[nodiscard]] const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
     [[nodiscard]] bool chosen() const { return chosen_; }
-    void choose(); // clears the others of its group; raises `onClick` when it was not chosen
+    void choose();  // clears the others of its group; raises `onClick` when it was not chosen
     [[nodiscard]] std::string shownText() const override { return chosen_ ? "1" : "0"; }
     [[nodiscard]] bool focusable() const override { return true; }
-    [[nodiscard]] std::vector<OptionButton*> group(); // itself among them, in the order of the form
+    [[nodiscard]] std::vector<OptionButton*> group();  // itself among them, in the order of the form
 
 private:
     [[nodiscard]] std::string groupName() const;
@@ -126,7 +125,7 @@ class DatePicker final : public Control {
 public:
     DatePicker() : Control(ControlKind::datePicker) {}
     [[nodiscard]] Date date() const { return date_; }
-    void setDate(Date date); // raises `onChange` when it differs
+    void setDate(Date date);  // raises `onChange` when it differs
     [[nodiscard]] std::string shownText() const override { return date_.text(); }
     [[nodiscard]] bool focusable() const override { return true; }
     // Begins to type a date: the field shows this text with the caret behind it, until it is a date or is left.
@@ -156,4 +155,4 @@ public:
     int step = 1;
 };
 
-} // namespace bravona
+}  // namespace bravona

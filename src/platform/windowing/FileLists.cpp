@@ -19,7 +19,8 @@ struct Content {
 };
 
 // Errore 71 for a place that is not there, 70 for one that may not be read. Hidden entries are left out.
-Content readFolder(const std::string& path) {
+Content readFolder(const std::string& path)
+{
     std::error_code failure;
     if (!fs::is_directory(path, failure)) {
         throw Errore(errori::unitaNonPronta, "Unità non pronta: " + path);
@@ -47,7 +48,8 @@ Content readFolder(const std::string& path) {
     return content;
 }
 
-std::string tidy(const std::string& path) {
+std::string tidy(const std::string& path)
+{
     std::string whole = fs::path(Files::native(path)).lexically_normal().string();
     while (whole.size() > 1 && whole.ends_with('/')) {
         whole.pop_back();
@@ -56,7 +58,8 @@ std::string tidy(const std::string& path) {
 }
 
 // "*.bk" or "*.gif;*.jpg", case folded; "*" and "?" stand for any text and any character.
-bool matches(std::string_view name, std::string_view pattern) {
+bool matches(std::string_view name, std::string_view pattern)
+{
     if (pattern.empty()) {
         return name.empty();
     }
@@ -67,7 +70,8 @@ bool matches(std::string_view name, std::string_view pattern) {
            matches(name.substr(1), pattern.substr(1));
 }
 
-bool matchesAny(const std::string& name, const std::string& patterns) {
+bool matchesAny(const std::string& name, const std::string& patterns)
+{
     const std::string folded = lower(name);
     for (const std::string& pattern : split(patterns, ';')) {
         if (matches(folded, lower(trim(pattern)))) {
@@ -77,9 +81,10 @@ bool matchesAny(const std::string& name, const std::string& patterns) {
     return false;
 }
 
-} // namespace
+}  // namespace
 
-void DriveList::refresh() {
+void DriveList::refresh()
+{
     drives_.clear();
     if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
         drives_.push_back(tidy(home));
@@ -103,7 +108,8 @@ void DriveList::refresh() {
     notify(Aspect::items);
 }
 
-void DriveList::setDrive(const std::string& drive) {
+void DriveList::setDrive(const std::string& drive)
+{
     const std::string place = tidy(drive);
     if (place == drive_) {
         return;
@@ -119,7 +125,8 @@ void DriveList::setDrive(const std::string& drive) {
     }
 }
 
-void DirList::setPath(const std::string& path) {
+void DirList::setPath(const std::string& path)
+{
     const std::string place = tidy(path);
     Content content = readFolder(place);
     const bool differs = place != path_;
@@ -132,7 +139,8 @@ void DirList::setPath(const std::string& path) {
     }
 }
 
-void FileList::setPath(const std::string& path) {
+void FileList::setPath(const std::string& path)
+{
     const std::string place = tidy(path);
     Content content = readFolder(place);
     path_ = place;
@@ -146,7 +154,8 @@ void FileList::setPath(const std::string& path) {
     notify(Aspect::items);
 }
 
-void FileList::setListIndex(int index) {
+void FileList::setListIndex(int index)
+{
     if (index < -1 || index >= static_cast<int>(files_.size())) {
         throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
     }
@@ -160,8 +169,9 @@ void FileList::setListIndex(int index) {
     }
 }
 
-std::string FileList::fileName() const {
+std::string FileList::fileName() const
+{
     return index_ < 0 ? std::string() : files_[static_cast<std::size_t>(index_)];
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -7,23 +7,27 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() {
+[[noreturn]] void outOfRange()
+{
     throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
 }
 
-std::size_t at(int position) {
+std::size_t at(int position)
+{
     return static_cast<std::size_t>(position);
 }
 
-} // namespace
+}  // namespace
 
-void FlexGrid::check(int row, int col) const {
+void FlexGrid::check(int row, int col) const
+{
     if (row < 0 || row >= rows() || col < 0 || col >= cols()) {
         outOfRange();
     }
 }
 
-void FlexGrid::setRows(int rows) {
+void FlexGrid::setRows(int rows)
+{
     if (rows < 0) {
         outOfRange();
     }
@@ -34,7 +38,8 @@ void FlexGrid::setRows(int rows) {
     notify(Aspect::items);
 }
 
-void FlexGrid::setCols(int cols) {
+void FlexGrid::setCols(int cols)
+{
     if (cols < 0) {
         outOfRange();
     }
@@ -46,7 +51,8 @@ void FlexGrid::setCols(int cols) {
     notify(Aspect::columns);
 }
 
-void FlexGrid::insertRow(int position) {
+void FlexGrid::insertRow(int position)
+{
     if (position < 0 || position > rows()) {
         outOfRange();
     }
@@ -56,7 +62,8 @@ void FlexGrid::insertRow(int position) {
     notify(Aspect::items);
 }
 
-void FlexGrid::removeRow(int row) {
+void FlexGrid::removeRow(int row)
+{
     check(row, 0);
     if (row == 0) {
         throw Errore(30010, "La riga di intestazione non può essere eliminata");
@@ -66,12 +73,14 @@ void FlexGrid::removeRow(int row) {
     notify(Aspect::items);
 }
 
-const std::string& FlexGrid::text(int row, int col) const {
+const std::string& FlexGrid::text(int row, int col) const
+{
     check(row, col);
     return rows_[at(row)].cells[at(col)].text;
 }
 
-void FlexGrid::setText(int row, int col, std::string text) {
+void FlexGrid::setText(int row, int col, std::string text)
+{
     check(row, col);
     std::string& cell = rows_[at(row)].cells[at(col)].text;
     if (cell != text) {
@@ -80,36 +89,42 @@ void FlexGrid::setText(int row, int col, std::string text) {
     }
 }
 
-FlexGrid::Picture FlexGrid::picture(int row, int col) const {
+FlexGrid::Picture FlexGrid::picture(int row, int col) const
+{
     check(row, col);
     return rows_[at(row)].cells[at(col)].picture;
 }
 
-void FlexGrid::setPicture(int row, int col, Picture picture) {
+void FlexGrid::setPicture(int row, int col, Picture picture)
+{
     check(row, col);
     rows_[at(row)].cells[at(col)].picture = picture;
     notify(Aspect::row, at(row));
 }
 
-std::optional<Colour> FlexGrid::rowColour(int row) const {
+std::optional<Colour> FlexGrid::rowColour(int row) const
+{
     check(row, 0);
     return rows_[at(row)].colour;
 }
 
-void FlexGrid::setRowColour(int row, std::optional<Colour> colour) {
+void FlexGrid::setRowColour(int row, std::optional<Colour> colour)
+{
     check(row, 0);
     rows_[at(row)].colour = colour;
     notify(Aspect::row, at(row));
 }
 
-int FlexGrid::colWidth(int col) const {
+int FlexGrid::colWidth(int col) const
+{
     if (col < 0 || col >= cols()) {
         outOfRange();
     }
     return cols_[at(col)].width;
 }
 
-void FlexGrid::setColWidth(int col, int twips) {
+void FlexGrid::setColWidth(int col, int twips)
+{
     if (col < 0 || col >= cols()) {
         outOfRange();
     }
@@ -117,14 +132,16 @@ void FlexGrid::setColWidth(int col, int twips) {
     notify(Aspect::columns);
 }
 
-int FlexGrid::colAlignment(int col) const {
+int FlexGrid::colAlignment(int col) const
+{
     if (col < 0 || col >= cols()) {
         outOfRange();
     }
     return cols_[at(col)].alignment;
 }
 
-void FlexGrid::setColAlignment(int col, int alignment) {
+void FlexGrid::setColAlignment(int col, int alignment)
+{
     if (col < 0 || col >= cols()) {
         outOfRange();
     }
@@ -132,18 +149,21 @@ void FlexGrid::setColAlignment(int col, int alignment) {
     notify(Aspect::columns);
 }
 
-void FlexGrid::setCurrent(int row, int col) {
+void FlexGrid::setCurrent(int row, int col)
+{
     check(row, col);
     row_ = row;
     col_ = col;
     notify(Aspect::selection, at(row));
 }
 
-void FlexGrid::scrollToBottom() {
+void FlexGrid::scrollToBottom()
+{
     notify(Aspect::scroll, rows_.empty() ? 0 : rows_.size() - 1);
 }
 
-void FlexGrid::placeOver(Control& editor, int row, int col) {
+void FlexGrid::placeOver(Control& editor, int row, int col)
+{
     check(row, col);
     const auto place =
         std::find_if(overlays_.begin(), overlays_.end(), [&](const Overlay& o) { return o.editor == &editor; });
@@ -160,24 +180,27 @@ void FlexGrid::placeOver(Control& editor, int row, int col) {
     notify(Aspect::structure, at(row));
 }
 
-void FlexGrid::userMove(int row, int col) {
+void FlexGrid::userMove(int row, int col)
+{
     if (row >= 0 && row < rows() && col >= 0 && col < cols()) {
         setCurrent(row, col);
     }
 }
 
-void FlexGrid::userClick(int row, int col) {
+void FlexGrid::userClick(int row, int col)
+{
     userMove(row, col);
     if (onClick) {
         onClick();
     }
 }
 
-void FlexGrid::userDblClick(int row, int col) {
+void FlexGrid::userDblClick(int row, int col)
+{
     userMove(row, col);
     if (onDblClick) {
         onDblClick();
     }
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -11,7 +11,8 @@ namespace bravona {
 namespace {
 
 // The control that a label in front of this content speaks of.
-Control* firstFocusable(const Layout& content) {
+Control* firstFocusable(const Layout& content)
+{
     Control* found = nullptr;
     layout::forEachControl(content, [&](Control& control) {
         if (found != nullptr) {
@@ -26,50 +27,57 @@ Control* firstFocusable(const Layout& content) {
     return found;
 }
 
-} // namespace
+}  // namespace
 
 Form::Form(Desktop& desktop, std::string name, std::string caption, WindowStyle style)
     : desktop_(desktop),
       name_(std::move(name)),
       caption_(std::move(caption)),
-      style_(style) {}
+      style_(style)
+{}
 
 Form::~Form() = default;
 
-void Form::setCaption(std::string caption) {
+void Form::setCaption(std::string caption)
+{
     caption_ = std::move(caption);
     if (observer_ != nullptr) {
         observer_->changed(*this);
     }
 }
 
-void Form::setDefaultButton(Button* button) {
+void Form::setDefaultButton(Button* button)
+{
     defaultButton_ = button;
     if (observer_ != nullptr) {
         observer_->changed(*this);
     }
 }
 
-void Form::setCancelButton(Button* button) {
+void Form::setCancelButton(Button* button)
+{
     cancelButton_ = button;
     if (observer_ != nullptr) {
         observer_->changed(*this);
     }
 }
 
-void Form::statusBarChanged() {
+void Form::statusBarChanged()
+{
     if (observer_ != nullptr) {
         observer_->changed(*this);
     }
 }
 
-void Form::menuChanged() {
+void Form::menuChanged()
+{
     if (observer_ != nullptr) {
         observer_->changed(*this);
     }
 }
 
-void Form::add(const std::string& name, Control& control, int index) {
+void Form::add(const std::string& name, Control& control, int index)
+{
     control.name_ = name;
     control.index_ = index;
     control.form_ = this;
@@ -87,7 +95,8 @@ void Form::add(const std::string& name, Control& control, int index) {
     }
 }
 
-Control* Form::find(std::string_view fullName) const {
+Control* Form::find(std::string_view fullName) const
+{
     for (const Entry& entry : controls_) {
         if (entry.control->fullName() == fullName) {
             return entry.control;
@@ -96,7 +105,8 @@ Control* Form::find(std::string_view fullName) const {
     return nullptr;
 }
 
-void Form::setLayout(Layout layout) {
+void Form::setLayout(Layout layout)
+{
     layout_ = std::move(layout);
     tabOrder_.clear();
     place(layout_, nullptr, -1);
@@ -107,7 +117,8 @@ void Form::setLayout(Layout layout) {
     }
 }
 
-void Form::place(const Layout& node, Control* container, int page) {
+void Form::place(const Layout& node, Control* container, int page)
+{
     if (node.label != nullptr) {
         node.label->container_ = container;
         node.label->page_ = page;
@@ -141,7 +152,8 @@ void Form::place(const Layout& node, Control* container, int page) {
     }
 }
 
-void Form::placeParts(Control& control) {
+void Form::placeParts(Control& control)
+{
     auto& compound = static_cast<Composite&>(control);
     place(compound.layout(), &control, -1);
     for (const Composite::Part& part : compound.parts()) {
@@ -151,17 +163,21 @@ void Form::placeParts(Control& control) {
     }
 }
 
-void Form::show() {
+void Form::show()
+{
     desktop_.show(*this);
 }
-void Form::showModal() {
+void Form::showModal()
+{
     desktop_.showModal(*this);
 }
-void Form::hide() {
+void Form::hide()
+{
     desktop_.hide(*this);
 }
-bool Form::unload() {
+bool Form::unload()
+{
     return desktop_.unload(*this);
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -16,10 +16,10 @@ class Button;
 class Desktop;
 
 enum class WindowStyle {
-    child,  // inside the main window
-    dialog, // fixed size, as small as its contents
-    main,   // the main window
-    splash  // bare picture, goes by itself: the program does not wait for the person there
+    child,   // inside the main window
+    dialog,  // fixed size, as small as its contents
+    main,    // the main window
+    splash   // bare picture, goes by itself: the program does not wait for the person there
 };
 
 // A screen: a class with its controls as public members, its handlers as methods and its layout made in its
@@ -46,14 +46,14 @@ public:
     // Counts for the guards that ask whether another window is open. Previews do not.
     bool countsAsWindow = true;
 
-    void setDefaultButton(Button* button); // Enter
-    void setCancelButton(Button* button);  // Escape
+    void setDefaultButton(Button* button);  // Enter
+    void setCancelButton(Button* button);   // Escape
     [[nodiscard]] Button* defaultButton() const { return defaultButton_; }
     [[nodiscard]] Button* cancelButton() const { return cancelButton_; }
 
     // --- controls
     struct Entry {
-        std::string name; // "txtComune", "Griglia.Command1"
+        std::string name;  // "txtComune", "Griglia.Command1"
         int index;
         Control* control;
     };
@@ -67,27 +67,27 @@ public:
     [[nodiscard]] Control* focusedControl() const { return focused_; }
 
     std::vector<Timer*> timers;
-    std::unique_ptr<Menu> menuBar;   // of the main window
-    std::unique_ptr<Menu> popupMenu; // where the screen has one; its entries are found by `menu`
+    std::unique_ptr<Menu> menuBar;    // of the main window
+    std::unique_ptr<Menu> popupMenu;  // where the screen has one; its entries are found by `menu`
     std::unique_ptr<StatusBar> statusBar;
     void statusBarChanged();
     void menuChanged();
 
     // --- hooks
     virtual void onLoad() {}
-    virtual void onActivate() {}                                      // each time it comes to the front
-    virtual bool onQueryUnload(CloseCause /*cause*/) { return true; } // false refuses to close
+    virtual void onActivate() {}                                       // each time it comes to the front
+    virtual bool onQueryUnload(CloseCause /*cause*/) { return true; }  // false refuses to close
     virtual void onUnload() {}
-    virtual void onKeyDown(KeyEvent& /*event*/) {} // before the control's
+    virtual void onKeyDown(KeyEvent& /*event*/) {}  // before the control's
     virtual void onKeyPress(char32_t& /*character*/) {}
-    virtual void onDblClick() {} // on its empty area
+    virtual void onDblClick() {}  // on its empty area
     virtual void onResize() {}
 
     // Shorthands for the host's operations.
     void show();
     void showModal();
     void hide();
-    bool unload(); // cause: code; false when refused
+    bool unload();  // cause: code; false when refused
 
     void setObserver(ControlObserver* observer) { observer_ = observer; }
     [[nodiscard]] ControlObserver* observer() const { return observer_; }
@@ -95,7 +95,8 @@ public:
 protected:
     void add(const std::string& name, Control& control, int index = -1);
     template <class C, std::size_t N>
-    void add(const std::string& name, std::array<C, N>& controls) {
+    void add(const std::string& name, std::array<C, N>& controls)
+    {
         for (std::size_t i = 0; i < N; ++i)
             add(name, controls[i], static_cast<int>(i));
     }
@@ -117,16 +118,16 @@ private:
     bool shown_ = false;
     bool modal_ = false;
     bool closing_ = false;
-    Form* owner_ = nullptr; // the modal window over which it was opened
+    Form* owner_ = nullptr;  // the modal window over which it was opened
     std::vector<Entry> controls_;
     Layout layout_;
     std::vector<Control*> tabOrder_;
     Control* focused_ = nullptr;
-    int commands_ = 0;       // under way, for which the field was left
-    bool fieldLeft_ = false; // the focused control's `onLostFocus` was raised, its `onGotFocus` not yet again
+    int commands_ = 0;        // under way, for which the field was left
+    bool fieldLeft_ = false;  // the focused control's `onLostFocus` was raised, its `onGotFocus` not yet again
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
     ControlObserver* observer_ = nullptr;
 };
 
-} // namespace bravona
+}  // namespace bravona

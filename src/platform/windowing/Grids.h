@@ -19,12 +19,12 @@ public:
     enum class Picture { none, paid, unpaid };
     FlexGrid() : Control(ControlKind::flexGrid) {}
 
-    [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); } // the heading row counts
+    [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); }  // the heading row counts
     [[nodiscard]] int cols() const { return static_cast<int>(cols_.size()); }
     void setRows(int rows);
     void setCols(int cols);
     void insertRow(int at);
-    void removeRow(int row); // Errore 30010 for the heading row
+    void removeRow(int row);  // Errore 30010 for the heading row
 
     [[nodiscard]] const std::string& text(int row, int col) const;
     void setText(int row, int col, std::string text);
@@ -33,18 +33,19 @@ public:
     [[nodiscard]] std::optional<Colour> rowColour(int row) const;
     void setRowColour(int row, std::optional<Colour> colour);
 
-    [[nodiscard]] int colWidth(int col) const; // twips; 0 hides the column; -1 the default
+    [[nodiscard]] int colWidth(int col) const;  // twips; 0 hides the column; -1 the default
     void setColWidth(int col, int twips);
-    [[nodiscard]] int colAlignment(int col) const; // 1 left, 4 centre, 7 right
+    [[nodiscard]] int colAlignment(int col) const;  // 1 left, 4 centre, 7 right
     void setColAlignment(int col, int alignment);
-    int rowHeight = 350; // twips
+    int rowHeight = 350;  // twips
 
     [[nodiscard]] int row() const { return row_; }
     [[nodiscard]] int col() const { return col_; }
-    void setCurrent(int row, int col); // by code, no event
+    void setCurrent(int row, int col);  // by code, no event
     void scrollToBottom();
 
-    [[nodiscard]] std::string shownText() const override {
+    [[nodiscard]] std::string shownText() const override
+    {
         return rows() > 0 && cols() > 0 ? text(row_, col_) : std::string();
     }
     [[nodiscard]] bool focusable() const override { return true; }
@@ -85,13 +86,13 @@ private:
 };
 
 struct DataColumn {
-    std::string field;   // of the bound set; empty: by position
-    std::string caption; // empty: the field's name
-    int width = 1440;    // twips; 0 hides the column
+    std::string field;    // of the bound set; empty: by position
+    std::string caption;  // empty: the field's name
+    int width = 1440;     // twips; 0 hides the column
     Align align = Align::left;
-    std::string pattern; // "#,##0.00"
-    bool locked = false; // no typing
-    bool button = false; // a button in its cells
+    std::string pattern;  // "#,##0.00"
+    bool locked = false;  // no typing
+    bool button = false;  // a button in its cells
     bool visible = true;
 };
 
@@ -102,15 +103,15 @@ struct DataColumn {
 class DataGrid final : public Control {
 public:
     DataGrid() : Control(ControlKind::dataGrid) {}
-    void bind(Recordset* set); // nullptr unbinds: an edit under way is committed first
+    void bind(Recordset* set);  // nullptr unbinds: an edit under way is committed first
     [[nodiscard]] Recordset* recordset() const { return set_; }
     void setColumns(std::vector<DataColumn> columns);
     [[nodiscard]] const std::vector<DataColumn>& columns() const { return columns_; }
 
     [[nodiscard]] std::string caption(std::size_t column) const;
 
-    [[nodiscard]] std::size_t dataRows() const;  // rows of the set, the one being added as well
-    [[nodiscard]] std::size_t shownRows() const; // with the new-row line
+    [[nodiscard]] std::size_t dataRows() const;   // rows of the set, the one being added as well
+    [[nodiscard]] std::size_t shownRows() const;  // with the new-row line
     [[nodiscard]] std::string cellText(std::size_t row, std::size_t column) const;
     [[nodiscard]] std::size_t row() const { return row_; }
     [[nodiscard]] std::size_t col() const { return col_; }
@@ -127,21 +128,21 @@ public:
 
     // What the hand did. Each answers false when the move was refused and the current cell kept.
     bool userMove(std::size_t row, std::size_t column);
-    bool userBeginEdit(const std::string& text); // typing on a cell replaces its text; locked columns refuse
+    bool userBeginEdit(const std::string& text);  // typing on a cell replaces its text; locked columns refuse
     void userEditText(std::string text);
     bool userEndEdit(
-        bool accept);  // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
-    bool userEscape(); // gives the old text back, or, with no edit under way, forgets the row's unsent changes
+        bool accept);   // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
+    bool userEscape();  // gives the old text back, or, with no edit under way, forgets the row's unsent changes
     bool userDeleteRow(std::size_t row);
     void userButton(std::size_t row, std::size_t column);
-    bool userLeave(); // the focus leaves the grid: ends the edit and commits the row (called by the core)
+    bool userLeave();  // the focus leaves the grid: ends the edit and commits the row (called by the core)
     [[nodiscard]] bool canEdit(std::size_t row, std::size_t column) const;
 
     bool allowAddNew = true;
     bool allowDelete = true;
-    std::function<void()> onBeforeUpdate;                   // the current row is about to be committed
-    std::function<void(std::size_t)> onButtonClick;         // column
-    std::function<void(std::size_t, std::size_t)> onChange; // row, column
+    std::function<void()> onBeforeUpdate;                    // the current row is about to be committed
+    std::function<void(std::size_t)> onButtonClick;          // column
+    std::function<void(std::size_t, std::size_t)> onChange;  // row, column
 
 private:
     Recordset* set_ = nullptr;
@@ -151,8 +152,8 @@ private:
     std::size_t setColumn(std::size_t column) const;
     bool refused(const Errore& error);
     bool editing_ = false;
-    bool adding_ = false; // the new-row line has become a row not yet sent
+    bool adding_ = false;  // the new-row line has become a row not yet sent
     std::string editText_;
 };
 
-} // namespace bravona
+}  // namespace bravona

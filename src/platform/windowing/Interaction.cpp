@@ -14,14 +14,16 @@ namespace bravona {
 
 namespace {
 
-bool isLockedText(const Control& control) {
+bool isLockedText(const Control& control)
+{
     return control.kind() == ControlKind::textBox && static_cast<const TextBox&>(control).locked();
 }
 
-} // namespace
+}  // namespace
 
 // Among options the chosen one takes Tab, or the first where none is chosen.
-bool Interaction::takesTab(Control& control) {
+bool Interaction::takesTab(Control& control)
+{
     if (!canHoldFocus(control) || !control.tabStop || isLockedText(control)) {
         return false;
     }
@@ -47,15 +49,18 @@ bool Interaction::takesTab(Control& control) {
     return false;
 }
 
-bool Interaction::canHoldFocus(const Control& control) {
+bool Interaction::canHoldFocus(const Control& control)
+{
     return control.focusable() && usable(control);
 }
 
-bool Interaction::usable(const Control& control) {
+bool Interaction::usable(const Control& control)
+{
     return control.effectivelyEnabled() && control.effectivelyVisible();
 }
 
-void Interaction::EvidenziaCampo(Control& box, bool focused) {
+void Interaction::EvidenziaCampo(Control& box, bool focused)
+{
     if (!focused) {
         box.setBackColour(std::nullopt);
         return;
@@ -75,18 +80,21 @@ void Interaction::EvidenziaCampo(Control& box, bool focused) {
 
 // --- focus ------------------------------------------------------------------------------------------------------
 
-bool Interaction::focus(Control& control) {
+bool Interaction::focus(Control& control)
+{
     return moveFocus(control);
 }
 
-void Interaction::focusMoved(Form& form, Control* control) {
+void Interaction::focusMoved(Form& form, Control* control)
+{
     if (control == nullptr || control == form.focused_ || desktop_.blocked(form)) {
         return;
     }
     desktop_.guard([&] { moveFocus(*control); });
 }
 
-bool Interaction::moveFocus(Control& control) {
+bool Interaction::moveFocus(Control& control)
+{
     Form* form = control.form();
     if (control.kind() == ControlKind::composite) {
         return moveFocus(static_cast<Composite&>(control).mainPart());
@@ -127,7 +135,8 @@ bool Interaction::moveFocus(Control& control) {
 
 // Raises `onLostFocus` once. False when a grid keeps its cell, a handler took the focus, or it failed: then nothing has
 // moved.
-bool Interaction::leave(Form& form) {
+bool Interaction::leave(Form& form)
+{
     Control* control = form.focused_;
     if (control == nullptr || form.fieldLeft_) {
         return true;
@@ -158,7 +167,8 @@ bool Interaction::leave(Form& form) {
     return moves_ == before;
 }
 
-void Interaction::enter(Form& form) {
+void Interaction::enter(Form& form)
+{
     Control* control = form.focused_;
     if (control == nullptr || !form.fieldLeft_) {
         return;
@@ -177,13 +187,15 @@ void Interaction::enter(Form& form) {
 }
 
 // `onGotFocus` of a field that was left for a command or another window, once that is over.
-void Interaction::activated(Form& form) {
+void Interaction::activated(Form& form)
+{
     if (form.commands_ == 0 && form.shown_ && desktop_.front() == &form) {
         enter(form);
     }
 }
 
-bool Interaction::leaveField(Form& form, const std::function<void()>& command) {
+bool Interaction::leaveField(Form& form, const std::function<void()>& command)
+{
     if (!leave(form)) {
         return false;
     }
@@ -199,13 +211,15 @@ bool Interaction::leaveField(Form& form, const std::function<void()>& command) {
     return true;
 }
 
-void Interaction::focusFirst(Form& form) {
+void Interaction::focusFirst(Form& form)
+{
     if (Control* first = next(form, nullptr, false); first != nullptr) {
         focus(*first);
     }
 }
 
-Control* Interaction::next(Form& form, Control* from, bool backwards) const {
+Control* Interaction::next(Form& form, Control* from, bool backwards) const
+{
     const std::vector<Control*>& order = form.tabOrder();
     const std::size_t count = order.size();
     if (count == 0) {
@@ -229,7 +243,8 @@ Control* Interaction::next(Form& form, Control* from, bool backwards) const {
 
 // After a command: a control that can no longer hold the focus hands it on, without `onLostFocus` of its own being due
 // twice.
-void Interaction::settle(Form& form) {
+void Interaction::settle(Form& form)
+{
     Control* control = form.focused_;
     if (control == nullptr) {
         focusFirst(form);
@@ -249,7 +264,8 @@ void Interaction::settle(Form& form) {
 
 // --- commands ---------------------------------------------------------------------------------------------------
 
-void Interaction::act(Control& control) {
+void Interaction::act(Control& control)
+{
     if (!usable(control)) {
         return;
     }
@@ -269,7 +285,8 @@ void Interaction::act(Control& control) {
     }
 }
 
-void Interaction::click(Control& control) {
+void Interaction::click(Control& control)
+{
     Form* form = control.form();
     if (form == nullptr || desktop_.blocked(*form) || !usable(control)) {
         return;
@@ -285,7 +302,8 @@ void Interaction::click(Control& control) {
     });
 }
 
-void Interaction::doubleClick(Control& control) {
+void Interaction::doubleClick(Control& control)
+{
     Form* form = control.form();
     if (form == nullptr || desktop_.blocked(*form) || !usable(control)) {
         return;
@@ -300,7 +318,8 @@ void Interaction::doubleClick(Control& control) {
     });
 }
 
-void Interaction::menu(Form& form, Menu& entry) {
+void Interaction::menu(Form& form, Menu& entry)
+{
     if (desktop_.blocked(form) || !entry.enabled || !entry.visible || !entry.onClick) {
         return;
     }
@@ -315,7 +334,8 @@ void Interaction::menu(Form& form, Menu& entry) {
     });
 }
 
-void Interaction::tab(TabControl& tabs, int page) {
+void Interaction::tab(TabControl& tabs, int page)
+{
     Form* form = tabs.form();
     if (form == nullptr || desktop_.blocked(*form) || !usable(tabs) || page < 0 ||
         page >= static_cast<int>(tabs.pages().size())) {
@@ -332,7 +352,8 @@ void Interaction::tab(TabControl& tabs, int page) {
     });
 }
 
-void Interaction::front(Form& form) {
+void Interaction::front(Form& form)
+{
     if (desktop_.blocked(form) || !form.shown_ || desktop_.front() == &form) {
         return;
     }
@@ -345,11 +366,12 @@ void Interaction::front(Form& form) {
     });
 }
 
-void Interaction::close(Form& form) {
+void Interaction::close(Form& form)
+{
     if (desktop_.blocked(form)) {
         return;
     }
     desktop_.guard([&] { leaveField(form, [&] { desktop_.unload(form, CloseCause::person); }); });
 }
 
-} // namespace bravona
+}  // namespace bravona

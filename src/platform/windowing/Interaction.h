@@ -38,9 +38,9 @@ public:
     // the window's keys (Tab, Enter and Escape for their buttons, Alt+letter, menu shortcuts), then, for what types a
     // character, the form's onKeyPress and the control's.
     struct KeyResult {
-        bool handled = false; // nothing is left for the widget
+        bool handled = false;  // nothing is left for the widget
         char32_t character =
-            0; // to be typed by the widget, perhaps another than was pressed (13, 8, 27 for Enter, Backspace, Escape)
+            0;  // to be typed by the widget, perhaps another than was pressed (13, 8, 27 for Enter, Backspace, Escape)
     };
     KeyResult key(Form& form, KeyEvent event);
     // A pasted text as it passes the key filters, character by character; a line break is a blank in a single-line
@@ -50,12 +50,12 @@ public:
     // --- commands by hand: the field is left first, then the control acts. Nothing happens on a disabled or hidden
     // one, or in a window behind a modal one. These, `key`, `focusMoved` and `mnemonic` run in the desktop's guard by
     // themselves.
-    void click(Control& control); // buttons, boxes, options, labels, pictures
+    void click(Control& control);  // buttons, boxes, options, labels, pictures
     void doubleClick(Control& control);
     void menu(Form& form, Menu& entry);
     void tab(TabControl& tabs, int page);
-    void front(Form& form); // a click on another window
-    void close(Form& form); // by the system menu
+    void front(Form& form);  // a click on another window
+    void close(Form& form);  // by the system menu
     // Alt+letter: the target clicks (buttons, options, boxes, tabs) or takes the focus (fields behind their label).
     bool mnemonic(Form& form, char32_t letter);
 
@@ -69,16 +69,16 @@ private:
     bool tabKey(Form& form, const KeyEvent& event);
     bool shortcut(Form& form, const KeyEvent& event);
     void act(Control& control);
-    bool leave(Form& form); // raises the events of leaving; false when refused
+    bool leave(Form& form);  // raises the events of leaving; false when refused
     bool moveFocus(Control& control);
-    void enter(Form& form); // raises the events of entering, where they are due
+    void enter(Form& form);  // raises the events of entering, where they are due
     void activated(Form& form);
     static bool usable(const Control& control);
     static bool canHoldFocus(const Control& control);
     static bool takesTab(Control& control);
     void settle(Form& form);
     Desktop& desktop_;
-    unsigned moves_ = 0; // of the focus, to see whether a handler moved it
+    unsigned moves_ = 0;  // of the focus, to see whether a handler moved it
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -11,7 +11,8 @@
 
 namespace bravona {
 
-Interaction::KeyResult Interaction::key(Form& form, KeyEvent event) {
+Interaction::KeyResult Interaction::key(Form& form, KeyEvent event)
+{
     KeyResult result;
     result.handled = true;
     if (desktop_.blocked(form) || desktop_.ended()) {
@@ -74,7 +75,8 @@ Interaction::KeyResult Interaction::key(Form& form, KeyEvent event) {
 }
 
 // Tab, Enter and Escape for their buttons, Alt and a letter, menu shortcuts, the pop-up menu.
-bool Interaction::windowKey(Form& form, Control* focused, const KeyEvent& event) {
+bool Interaction::windowKey(Form& form, Control* focused, const KeyEvent& event)
+{
     const ControlKind kind = focused != nullptr ? focused->kind() : ControlKind::label;
     switch (event.key) {
     case Key::tab:
@@ -139,7 +141,8 @@ bool Interaction::windowKey(Form& form, Control* focused, const KeyEvent& event)
     }
 }
 
-bool Interaction::tabKey(Form& form, const KeyEvent& event) {
+bool Interaction::tabKey(Form& form, const KeyEvent& event)
+{
     if (event.ctrl || event.alt) {
         return false;
     }
@@ -164,7 +167,8 @@ bool Interaction::tabKey(Form& form, const KeyEvent& event) {
     return true;
 }
 
-bool Interaction::shortcut(Form& form, const KeyEvent& event) {
+bool Interaction::shortcut(Form& form, const KeyEvent& event)
+{
     std::string wanted;
     wanted += event.ctrl ? "Ctrl+" : "";
     wanted += event.shift && event.key != Key::character ? "Shift+" : "";
@@ -203,7 +207,8 @@ bool Interaction::shortcut(Form& form, const KeyEvent& event) {
 }
 
 // Keys that mean the same whatever draws the control: Space on what can be clicked, arrows among options and pages.
-bool Interaction::widgetKey(Control& control, const KeyEvent& event) {
+bool Interaction::widgetKey(Control& control, const KeyEvent& event)
+{
     const bool forward = event.key == Key::right || event.key == Key::down;
     const bool backward = event.key == Key::left || event.key == Key::up;
     switch (control.kind()) {
@@ -254,7 +259,8 @@ bool Interaction::widgetKey(Control& control, const KeyEvent& event) {
     }
 }
 
-std::u32string Interaction::filterPaste(Control& control, const std::u32string& text) {
+std::u32string Interaction::filterPaste(Control& control, const std::u32string& text)
+{
     const bool oneLine = control.kind() != ControlKind::textBox || !static_cast<TextBox&>(control).multiLine;
     std::u32string passed;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -283,7 +289,8 @@ std::u32string Interaction::filterPaste(Control& control, const std::u32string& 
     return passed;
 }
 
-bool Interaction::mnemonic(Form& form, char32_t letter) {
+bool Interaction::mnemonic(Form& form, char32_t letter)
+{
     if (desktop_.blocked(form)) {
         return false;
     }
@@ -340,4 +347,4 @@ bool Interaction::mnemonic(Form& form, char32_t letter) {
     return false;
 }
 
-} // namespace bravona
+}  // namespace bravona

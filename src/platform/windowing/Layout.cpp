@@ -7,75 +7,88 @@ namespace bravona::layout {
 
 namespace {
 
-Layout node(Layout::Kind kind, std::vector<Layout> children) {
+Layout node(Layout::Kind kind, std::vector<Layout> children)
+{
     Layout made;
     made.kind = kind;
     made.children = std::move(children);
     return made;
 }
 
-} // namespace
+}  // namespace
 
-Layout row(std::vector<Layout> children) {
+Layout row(std::vector<Layout> children)
+{
     return node(Layout::Kind::row, std::move(children));
 }
 
-Layout rowEnd(std::vector<Layout> children) {
+Layout rowEnd(std::vector<Layout> children)
+{
     Layout made = row(std::move(children));
     made.alignEnd = true;
     return made;
 }
 
-Layout column(std::vector<Layout> children) {
+Layout column(std::vector<Layout> children)
+{
     return node(Layout::Kind::column, std::move(children));
 }
 
-Layout form(std::vector<Layout> lines) {
+Layout form(std::vector<Layout> lines)
+{
     return node(Layout::Kind::form, std::move(lines));
 }
 
-Layout line(std::string caption, Layout content) {
+Layout line(std::string caption, Layout content)
+{
     Layout made = node(Layout::Kind::line, {std::move(content)});
     made.caption = std::move(caption);
     return made;
 }
 
-Layout line(Control& label, Layout content) {
+Layout line(Control& label, Layout content)
+{
     Layout made = node(Layout::Kind::line, {std::move(content)});
     made.label = &label;
     return made;
 }
 
-Layout of(Control& control) {
+Layout of(Control& control)
+{
     Layout made = node(Layout::Kind::control, {});
     made.control = &control;
     return made;
 }
 
-Layout frame(Frame& frame, Layout content) {
+Layout frame(Frame& frame, Layout content)
+{
     Layout made = node(Layout::Kind::frame, {std::move(content)});
     made.control = &frame;
     return made;
 }
 
-Layout tabs(TabControl& tabs, std::vector<Layout> pages) {
+Layout tabs(TabControl& tabs, std::vector<Layout> pages)
+{
     Layout made = node(Layout::Kind::tabs, std::move(pages));
     made.control = &tabs;
     return made;
 }
 
-Layout stretch() {
+Layout stretch()
+{
     Layout made = node(Layout::Kind::stretch, {});
     made.grow = 1;
     return made;
 }
 
-Layout grow(Layout child, int share) {
+Layout grow(Layout child, int share)
+{
     child.grow = share;
     return child;
 }
 
-void forEachControl(const Layout& root, const std::function<void(Control&)>& visit) {
+void forEachControl(const Layout& root, const std::function<void(Control&)>& visit)
+{
     if (root.label != nullptr) {
         visit(*root.label);
     }
@@ -87,4 +100,4 @@ void forEachControl(const Layout& root, const std::function<void(Control&)>& vis
     }
 }
 
-} // namespace bravona::layout
+}  // namespace bravona::layout

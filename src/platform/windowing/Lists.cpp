@@ -12,14 +12,17 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() {
+[[noreturn]] void outOfRange()
+{
     throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
 }
-[[noreturn]] void keyTaken() {
+[[noreturn]] void keyTaken()
+{
     throw Errore(errori::chiaveGiaInElenco, "La chiave non è univoca nell'insieme");
 }
 
-int findText(const std::vector<ListItem>& items, const std::string& text) {
+int findText(const std::vector<ListItem>& items, const std::string& text)
+{
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (items[i].text == text) {
             return static_cast<int>(i);
@@ -28,23 +31,26 @@ int findText(const std::vector<ListItem>& items, const std::string& text) {
     return -1;
 }
 
-} // namespace
+}  // namespace
 
 // --- combo ------------------------------------------------------------------------------------------------------
 
-void ComboBox::addItem(std::string text, std::int32_t data) {
+void ComboBox::addItem(std::string text, std::int32_t data)
+{
     items_.push_back({std::move(text), data});
     notify(Aspect::items);
 }
 
-void ComboBox::clear() {
+void ComboBox::clear()
+{
     items_.clear();
     index_ = -1;
     text_.clear();
     notify(Aspect::items);
 }
 
-void ComboBox::setListIndex(int index) {
+void ComboBox::setListIndex(int index)
+{
     if (index < -1 || index >= static_cast<int>(items_.size())) {
         outOfRange();
     }
@@ -61,7 +67,8 @@ void ComboBox::setListIndex(int index) {
     }
 }
 
-void ComboBox::setText(const std::string& text) {
+void ComboBox::setText(const std::string& text)
+{
     if (editable_) {
         userText(text);
         return;
@@ -75,14 +82,16 @@ void ComboBox::setText(const std::string& text) {
     notify(Aspect::selection);
 }
 
-std::int32_t ComboBox::itemData() const {
+std::int32_t ComboBox::itemData() const
+{
     if (index_ < 0) {
         outOfRange();
     }
     return items_[static_cast<std::size_t>(index_)].data;
 }
 
-bool ComboBox::selectByData(std::int32_t data) {
+bool ComboBox::selectByData(std::int32_t data)
+{
     for (std::size_t i = 0; i < items_.size(); ++i) {
         if (items_[i].data == data) {
             setListIndex(static_cast<int>(i));
@@ -92,7 +101,8 @@ bool ComboBox::selectByData(std::int32_t data) {
     return false;
 }
 
-bool ComboBox::selectByText(const std::string& text) {
+bool ComboBox::selectByText(const std::string& text)
+{
     const int item = findText(items_, text);
     if (item >= 0) {
         setListIndex(item);
@@ -100,14 +110,16 @@ bool ComboBox::selectByText(const std::string& text) {
     return item >= 0;
 }
 
-void ComboBox::setLocked(bool locked) {
+void ComboBox::setLocked(bool locked)
+{
     if (locked_ != locked) {
         locked_ = locked;
         notify(Aspect::value);
     }
 }
 
-void ComboBox::userText(std::string text) {
+void ComboBox::userText(std::string text)
+{
     if (text_ == text) {
         return;
     }
@@ -121,18 +133,21 @@ void ComboBox::userText(std::string text) {
 
 // --- list box ---------------------------------------------------------------------------------------------------
 
-void ListBox::addItem(std::string text, std::int32_t data) {
+void ListBox::addItem(std::string text, std::int32_t data)
+{
     items_.push_back({std::move(text), data});
     notify(Aspect::items);
 }
 
-void ListBox::clear() {
+void ListBox::clear()
+{
     items_.clear();
     index_ = -1;
     notify(Aspect::items);
 }
 
-void ListBox::setListIndex(int index) {
+void ListBox::setListIndex(int index)
+{
     if (index < -1 || index >= static_cast<int>(items_.size())) {
         outOfRange();
     }
@@ -146,7 +161,8 @@ void ListBox::setListIndex(int index) {
     }
 }
 
-std::int32_t ListBox::itemData() const {
+std::int32_t ListBox::itemData() const
+{
     if (index_ < 0) {
         outOfRange();
     }
@@ -155,7 +171,8 @@ std::int32_t ListBox::itemData() const {
 
 // --- list view --------------------------------------------------------------------------------------------------
 
-void ListView::setColumns(std::vector<ListColumn> columns) {
+void ListView::setColumns(std::vector<ListColumn> columns)
+{
     columns_ = std::move(columns);
     for (ListRow& row : rows_) {
         row.sub.resize(columns_.empty() ? 0 : std::max(columns_.size() - 1, row.sub.size()));
@@ -164,14 +181,16 @@ void ListView::setColumns(std::vector<ListColumn> columns) {
     notify(Aspect::columns);
 }
 
-const ListRow& ListView::row(std::size_t row) const {
+const ListRow& ListView::row(std::size_t row) const
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
     return rows_[row];
 }
 
-std::size_t ListView::add(ListRow row) {
+std::size_t ListView::add(ListRow row)
+{
     if (!row.key.empty() && !keys_.emplace(row.key, rows_.size()).second) {
         keyTaken();
     }
@@ -183,7 +202,8 @@ std::size_t ListView::add(ListRow row) {
     return rows_.size() - 1;
 }
 
-void ListView::append(std::vector<ListRow> rows) {
+void ListView::append(std::vector<ListRow> rows)
+{
     rows_.reserve(rows_.size() + rows.size());
     keys_.reserve(keys_.size() + rows.size());
     for (ListRow& row : rows) {
@@ -199,7 +219,8 @@ void ListView::append(std::vector<ListRow> rows) {
     notify(Aspect::items);
 }
 
-void ListView::setRow(std::size_t row, ListRow value) {
+void ListView::setRow(std::size_t row, ListRow value)
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
@@ -211,7 +232,8 @@ void ListView::setRow(std::size_t row, ListRow value) {
     notify(Aspect::row, row);
 }
 
-void ListView::setCell(std::size_t row, std::size_t column, std::string text) {
+void ListView::setCell(std::size_t row, std::size_t column, std::string text)
+{
     if (row >= rows_.size() || column > rows_[row].sub.size()) {
         outOfRange();
     }
@@ -219,7 +241,8 @@ void ListView::setCell(std::size_t row, std::size_t column, std::string text) {
     notify(Aspect::row, row);
 }
 
-void ListView::setChecked(std::size_t row, bool checked) {
+void ListView::setChecked(std::size_t row, bool checked)
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
@@ -229,7 +252,8 @@ void ListView::setChecked(std::size_t row, bool checked) {
     }
 }
 
-void ListView::setColour(std::size_t row, std::optional<Colour> colour) {
+void ListView::setColour(std::size_t row, std::optional<Colour> colour)
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
@@ -237,7 +261,8 @@ void ListView::setColour(std::size_t row, std::optional<Colour> colour) {
     notify(Aspect::row, row);
 }
 
-void ListView::remove(std::size_t row) {
+void ListView::remove(std::size_t row)
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
@@ -252,7 +277,8 @@ void ListView::remove(std::size_t row) {
     notify(Aspect::items);
 }
 
-void ListView::clear() {
+void ListView::clear()
+{
     rows_.clear();
     keys_.clear();
     selected_.reset();
@@ -260,19 +286,22 @@ void ListView::clear() {
     notify(Aspect::items);
 }
 
-std::optional<std::size_t> ListView::find(const std::string& key) const {
+std::optional<std::size_t> ListView::find(const std::string& key) const
+{
     const auto place = keys_.find(key);
     return place == keys_.end() ? std::nullopt : std::optional(place->second);
 }
 
-std::size_t ListView::selectedOrFail() const {
+std::size_t ListView::selectedOrFail() const
+{
     if (!selected_) {
         throw Errore(errori::selezioneMancante, "Nessuna riga selezionata");
     }
     return *selected_;
 }
 
-void ListView::select(std::optional<std::size_t> row) {
+void ListView::select(std::optional<std::size_t> row)
+{
     if (row && *row >= rows_.size()) {
         outOfRange();
     }
@@ -282,14 +311,16 @@ void ListView::select(std::optional<std::size_t> row) {
     }
 }
 
-void ListView::ensureVisible(std::size_t row) {
+void ListView::ensureVisible(std::size_t row)
+{
     if (row >= rows_.size()) {
         outOfRange();
     }
     notify(Aspect::scroll, row);
 }
 
-void ListView::sort(std::size_t column, bool ascending) {
+void ListView::sort(std::size_t column, bool ascending)
+{
     if (column >= columns_.size()) {
         outOfRange();
     }
@@ -358,7 +389,8 @@ void ListView::sort(std::size_t column, bool ascending) {
     notify(Aspect::items);
 }
 
-void ListView::reindex(std::size_t from) {
+void ListView::reindex(std::size_t from)
+{
     for (std::size_t i = from; i < rows_.size(); ++i) {
         if (!rows_[i].key.empty()) {
             keys_[rows_[i].key] = i;
@@ -366,14 +398,16 @@ void ListView::reindex(std::size_t from) {
     }
 }
 
-void ListView::userSelect(std::size_t row) {
+void ListView::userSelect(std::size_t row)
+{
     select(row);
     if (onItemClick) {
         onItemClick(row);
     }
 }
 
-void ListView::userCheck(std::size_t row, bool checked) {
+void ListView::userCheck(std::size_t row, bool checked)
+{
     if (row >= rows_.size() || rows_[row].checked == checked) {
         return;
     }
@@ -383,7 +417,8 @@ void ListView::userCheck(std::size_t row, bool checked) {
     }
 }
 
-void ListView::userColumnClick(std::size_t column) {
+void ListView::userColumnClick(std::size_t column)
+{
     if (sortable) {
         sort(column, !(sortColumn_ == static_cast<int>(column) && sortAscending_));
     }
@@ -394,7 +429,8 @@ void ListView::userColumnClick(std::size_t column) {
 
 // --- tree -------------------------------------------------------------------------------------------------------
 
-int TreeView::add(const std::string& parentKey, const std::string& key, std::string text) {
+int TreeView::add(const std::string& parentKey, const std::string& key, std::string text)
+{
     int parent = -1;
     if (!parentKey.empty()) {
         parent = find(parentKey);
@@ -418,19 +454,22 @@ int TreeView::add(const std::string& parentKey, const std::string& key, std::str
     return made;
 }
 
-void TreeView::clear() {
+void TreeView::clear()
+{
     nodes_.clear();
     keys_.clear();
     selected_ = -1;
     notify(Aspect::items);
 }
 
-int TreeView::find(const std::string& key) const {
+int TreeView::find(const std::string& key) const
+{
     const auto place = keys_.find(key);
     return place == keys_.end() ? -1 : place->second;
 }
 
-void TreeView::setBold(const std::string& key, bool bold) {
+void TreeView::setBold(const std::string& key, bool bold)
+{
     const int node = find(key);
     if (node < 0) {
         throw Errore(35601, "Elemento non trovato");
@@ -439,12 +478,14 @@ void TreeView::setBold(const std::string& key, bool bold) {
     notify(Aspect::row, static_cast<std::size_t>(node));
 }
 
-void TreeView::setExpanded(int node, bool expanded) {
+void TreeView::setExpanded(int node, bool expanded)
+{
     nodes_.at(static_cast<std::size_t>(node)).expanded = expanded;
     notify(Aspect::row, static_cast<std::size_t>(node));
 }
 
-void TreeView::ensureVisible(int node) {
+void TreeView::ensureVisible(int node)
+{
     for (int parent = nodes_.at(static_cast<std::size_t>(node)).parent; parent >= 0;
          parent = nodes_[static_cast<std::size_t>(parent)].parent) {
         if (!nodes_[static_cast<std::size_t>(parent)].expanded) {
@@ -454,7 +495,8 @@ void TreeView::ensureVisible(int node) {
     notify(Aspect::scroll, static_cast<std::size_t>(node));
 }
 
-void TreeView::select(int node) {
+void TreeView::select(int node)
+{
     if (node < -1 || node >= static_cast<int>(nodes_.size())) {
         outOfRange();
     }
@@ -465,11 +507,12 @@ void TreeView::select(int node) {
     notify(Aspect::selection, node < 0 ? noRow : static_cast<std::size_t>(node));
 }
 
-void TreeView::userSelect(int node) {
+void TreeView::userSelect(int node)
+{
     select(node);
     if (onNodeClick) {
         onNodeClick(node);
     }
 }
 
-} // namespace bravona
+}  // namespace bravona

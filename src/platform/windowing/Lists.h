@@ -25,14 +25,14 @@ public:
     [[nodiscard]] bool editable() const { return editable_; }
     [[nodiscard]] const std::vector<ListItem>& items() const { return items_; }
     void addItem(std::string text, std::int32_t data = 0);
-    void clear();                                          // no items, no index, no text
-    [[nodiscard]] int listIndex() const { return index_; } // -1: none
-    void setListIndex(int index);                          // Errore 9 out of range
+    void clear();                                           // no items, no index, no text
+    [[nodiscard]] int listIndex() const { return index_; }  // -1: none
+    void setListIndex(int index);                           // Errore 9 out of range
     [[nodiscard]] const std::string& text() const { return text_; }
     // Of an editable combo: the typed text (raises `onChange`). Of a fixed one: chooses the item of exactly that text,
     // else shows the text with no index.
     void setText(const std::string& text);
-    [[nodiscard]] std::int32_t itemData() const; // of the chosen item; Errore 9 without one
+    [[nodiscard]] std::int32_t itemData() const;  // of the chosen item; Errore 9 without one
     [[nodiscard]] std::string shownText() const override { return text_; }
     [[nodiscard]] bool focusable() const override { return true; }
     // The first match; false (and the index left) without one.
@@ -40,7 +40,7 @@ public:
     bool selectByText(const std::string& text);
     [[nodiscard]] bool locked() const { return locked_; }
     void setLocked(bool locked);
-    void userText(std::string text); // typed by hand in an editable combo
+    void userText(std::string text);  // typed by hand in an editable combo
 
     int width = 20;
     bool grows = false;
@@ -63,7 +63,8 @@ public:
     [[nodiscard]] int listIndex() const { return index_; }
     void setListIndex(int index);
     [[nodiscard]] std::int32_t itemData() const;
-    [[nodiscard]] std::string shownText() const override {
+    [[nodiscard]] std::string shownText() const override
+    {
         return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)].text;
     }
     [[nodiscard]] bool focusable() const override { return true; }
@@ -77,7 +78,7 @@ private:
 struct ListColumn {
     std::string caption;
     std::string key;
-    int width = 1440; // twips
+    int width = 1440;  // twips
     Align align = Align::left;
 };
 
@@ -91,12 +92,13 @@ struct ListRow {
     std::string text;
     std::string key;
     std::string tag;
-    std::vector<SubItem> sub; // sub[0] is column 1
+    std::vector<SubItem> sub;  // sub[0] is column 1
     std::optional<Colour> colour;
     bool bold = false;
     bool checked = false;
 
-    [[nodiscard]] const std::string& cell(std::size_t column) const {
+    [[nodiscard]] const std::string& cell(std::size_t column) const
+    {
         return column == 0 ? text : sub.at(column - 1).text;
     }
 };
@@ -110,41 +112,41 @@ public:
     void setColumns(std::vector<ListColumn> columns);
 
     [[nodiscard]] std::size_t rowCount() const { return rows_.size(); }
-    [[nodiscard]] const ListRow& row(std::size_t row) const; // Errore 9 out of range
-    std::size_t add(ListRow row);                            // its position; sub-items are filled up to the columns
-    void append(std::vector<ListRow> rows);                  // many at once
-    void setRow(std::size_t row, ListRow value);             // the key may not change
+    [[nodiscard]] const ListRow& row(std::size_t row) const;  // Errore 9 out of range
+    std::size_t add(ListRow row);                             // its position; sub-items are filled up to the columns
+    void append(std::vector<ListRow> rows);                   // many at once
+    void setRow(std::size_t row, ListRow value);              // the key may not change
     void setCell(std::size_t row, std::size_t column, std::string text);
-    void setChecked(std::size_t row, bool checked); // no event
+    void setChecked(std::size_t row, bool checked);  // no event
     void setColour(std::size_t row, std::optional<Colour> colour);
     void remove(std::size_t row);
     void clear();
     [[nodiscard]] std::optional<std::size_t> find(const std::string& key) const;
 
     [[nodiscard]] std::optional<std::size_t> selected() const { return selected_; }
-    [[nodiscard]] std::size_t selectedOrFail() const; // Errore 91 without one
-    void select(std::optional<std::size_t> row);      // no event
+    [[nodiscard]] std::size_t selectedOrFail() const;  // Errore 91 without one
+    void select(std::optional<std::size_t> row);       // no event
     void ensureVisible(std::size_t row);
-    void sort(std::size_t column, bool ascending); // numbers as numbers, dates as dates; the selection follows its row
+    void sort(std::size_t column, bool ascending);  // numbers as numbers, dates as dates; the selection follows its row
 
     [[nodiscard]] std::string shownText() const override { return selected_ ? rows_[*selected_].text : std::string(); }
     [[nodiscard]] bool focusable() const override { return true; }
 
     // What the hand did; raise the events.
-    void userSelect(std::size_t row);              // click on a row: selects it, `onItemClick`
-    void userCheck(std::size_t row, bool checked); // `onItemCheck`
-    void userColumnClick(std::size_t column);      // sorts where allowed (up first, then down), `onColumnClick`
+    void userSelect(std::size_t row);               // click on a row: selects it, `onItemClick`
+    void userCheck(std::size_t row, bool checked);  // `onItemCheck`
+    void userColumnClick(std::size_t column);       // sorts where allowed (up first, then down), `onColumnClick`
 
     bool checkBoxes = false;
     bool sortable = false;
-    std::string emptyText; // shown in the middle of an empty list
+    std::string emptyText;  // shown in the middle of an empty list
     Menu* contextMenu = nullptr;
     int lines = 8;
     std::function<void(std::size_t)> onItemClick;
     std::function<void(std::size_t)> onItemCheck;
     std::function<void(std::size_t)> onColumnClick;
 
-    [[nodiscard]] int sortColumn() const { return sortColumn_; } // -1: none
+    [[nodiscard]] int sortColumn() const { return sortColumn_; }  // -1: none
     [[nodiscard]] bool sortAscending() const { return sortAscending_; }
 
 private:
@@ -160,7 +162,7 @@ private:
 struct TreeNode {
     std::string key;
     std::string text;
-    int parent = -1; // position of its parent, -1 for a root
+    int parent = -1;  // position of its parent, -1 for a root
     std::vector<int> children;
     bool bold = false;
     bool expanded = false;
@@ -173,17 +175,18 @@ public:
     // Errore 35602 for a key already there; parent empty: a root.
     int add(const std::string& parentKey, const std::string& key, std::string text);
     void clear();
-    [[nodiscard]] int find(const std::string& key) const; // -1: none
+    [[nodiscard]] int find(const std::string& key) const;  // -1: none
     void setBold(const std::string& key, bool bold);
     void setExpanded(int node, bool expanded);
-    void ensureVisible(int node); // opens its parents
+    void ensureVisible(int node);  // opens its parents
     [[nodiscard]] int selected() const { return selected_; }
-    void select(int node); // no event; opens its parents
-    [[nodiscard]] std::string shownText() const override {
+    void select(int node);  // no event; opens its parents
+    [[nodiscard]] std::string shownText() const override
+    {
         return selected_ < 0 ? std::string() : nodes_[static_cast<std::size_t>(selected_)].text;
     }
     [[nodiscard]] bool focusable() const override { return true; }
-    void userSelect(int node); // `onNodeClick`
+    void userSelect(int node);  // `onNodeClick`
     std::function<void(int)> onNodeClick;
 
 private:
@@ -192,4 +195,4 @@ private:
     int selected_ = -1;
 };
 
-} // namespace bravona
+}  // namespace bravona

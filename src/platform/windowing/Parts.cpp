@@ -12,26 +12,30 @@ namespace bravona {
 
 namespace {
 
-[[noreturn]] void outOfRange() {
+[[noreturn]] void outOfRange()
+{
     throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
 }
 
-} // namespace
+}  // namespace
 
-void Frame::setCaption(std::string caption) {
+void Frame::setCaption(std::string caption)
+{
     if (caption_ != caption) {
         caption_ = std::move(caption);
         notify(Aspect::text);
     }
 }
 
-TabControl::TabControl(std::vector<std::string> captions) : Control(ControlKind::tabControl) {
+TabControl::TabControl(std::vector<std::string> captions) : Control(ControlKind::tabControl)
+{
     for (std::string& caption : captions) {
         pages_.push_back({std::move(caption), true, true});
     }
 }
 
-void TabControl::setTab(int tab) {
+void TabControl::setTab(int tab)
+{
     if (tab < 0 || tab >= static_cast<int>(pages_.size())) {
         outOfRange();
     }
@@ -46,7 +50,8 @@ void TabControl::setTab(int tab) {
     }
 }
 
-void TabControl::setPageEnabled(int tab, bool enabled) {
+void TabControl::setPageEnabled(int tab, bool enabled)
+{
     if (tab < 0 || tab >= static_cast<int>(pages_.size())) {
         outOfRange();
     }
@@ -54,7 +59,8 @@ void TabControl::setPageEnabled(int tab, bool enabled) {
     notify(Aspect::structure);
 }
 
-void TabControl::setPageVisible(int tab, bool visible) {
+void TabControl::setPageVisible(int tab, bool visible)
+{
     if (tab < 0 || tab >= static_cast<int>(pages_.size())) {
         outOfRange();
     }
@@ -62,7 +68,8 @@ void TabControl::setPageVisible(int tab, bool visible) {
     notify(Aspect::structure);
 }
 
-void PictureBox::load(std::string path) {
+void PictureBox::load(std::string path)
+{
     path_ = std::move(path);
     const int oldWidth = width_;
     const int oldHeight = height_;
@@ -80,20 +87,23 @@ void PictureBox::load(std::string path) {
     }
 }
 
-void PictureBox::setPosition(int x, int y) {
+void PictureBox::setPosition(int x, int y)
+{
     x_ = x;
     y_ = y;
     notify(Aspect::value);
 }
 
-void ScrollBar::setRange(int minimum, int maximum) {
+void ScrollBar::setRange(int minimum, int maximum)
+{
     minimum_ = minimum;
     maximum_ = std::max(minimum, maximum);
     notify(Aspect::structure);
     setValue(value_);
 }
 
-void ScrollBar::setValue(int value) {
+void ScrollBar::setValue(int value)
+{
     value = std::clamp(value, minimum_, maximum_);
     if (value == value_) {
         return;
@@ -105,7 +115,8 @@ void ScrollBar::setValue(int value) {
     }
 }
 
-void ProgressBar::setValue(int percent) {
+void ProgressBar::setValue(int percent)
+{
     percent = std::clamp(percent, 0, 100);
     if (percent != value_) {
         value_ = percent;
@@ -113,13 +124,15 @@ void ProgressBar::setValue(int percent) {
     }
 }
 
-void PageView::setPages(std::shared_ptr<const Pages> pages) {
+void PageView::setPages(std::shared_ptr<const Pages> pages)
+{
     pages_ = std::move(pages);
     page_ = 0;
     notify(Aspect::items);
 }
 
-void PageView::setPage(int page) {
+void PageView::setPage(int page)
+{
     const int last = pages_ == nullptr ? 0 : std::max(0, static_cast<int>(pages_->pages.size()) - 1);
     page = std::clamp(page, 0, last);
     if (page == page_) {
@@ -132,30 +145,35 @@ void PageView::setPage(int page) {
     }
 }
 
-void PageView::setZoom(int zoom) {
+void PageView::setZoom(int zoom)
+{
     if (zoom != zoom_) {
         zoom_ = zoom;
         notify(Aspect::value);
     }
 }
 
-void PageView::setSearch(std::string text) {
+void PageView::setSearch(std::string text)
+{
     search_ = std::move(text);
     notify(Aspect::value);
 }
 
-Menu& Menu::add(std::string entryName, std::string entryCaption, std::function<void()> action) {
+Menu& Menu::add(std::string entryName, std::string entryCaption, std::function<void()> action)
+{
     entries.push_back(std::make_unique<Menu>(std::move(entryName), std::move(entryCaption)));
     entries.back()->onClick = std::move(action);
     return *entries.back();
 }
 
-void Menu::addSeparator() {
+void Menu::addSeparator()
+{
     entries.push_back(std::make_unique<Menu>());
     entries.back()->separator = true;
 }
 
-Menu* Menu::find(const std::string& entryName) {
+Menu* Menu::find(const std::string& entryName)
+{
     if (!name.empty() && name == entryName) {
         return this;
     }
@@ -167,4 +185,4 @@ Menu* Menu::find(const std::string& entryName) {
     return nullptr;
 }
 
-} // namespace bravona
+}  // namespace bravona

@@ -35,12 +35,12 @@ public:
     explicit TabControl(std::vector<std::string> captions);
     [[nodiscard]] const std::vector<Page>& pages() const { return pages_; }
     [[nodiscard]] int tab() const { return tab_; }
-    void setTab(int tab); // raises `onChange(previous)` when it differs; Errore 9 out of range
+    void setTab(int tab);  // raises `onChange(previous)` when it differs; Errore 9 out of range
     void setPageEnabled(int tab, bool enabled);
     void setPageVisible(int tab, bool visible);
     [[nodiscard]] std::string shownText() const override { return pages_[static_cast<std::size_t>(tab_)].caption; }
     [[nodiscard]] bool focusable() const override { return true; }
-    std::function<void(int)> onChange; // the page left
+    std::function<void(int)> onChange;  // the page left
 
 private:
     std::vector<Page> pages_;
@@ -52,16 +52,16 @@ class PictureBox final : public Control {
 public:
     PictureBox() : Control(ControlKind::pictureBox) {}
     [[nodiscard]] const std::string& path() const { return path_; }
-    void load(std::string path); // empty: none
+    void load(std::string path);  // empty: none
     [[nodiscard]] bool loaded() const { return width_ > 0; }
-    [[nodiscard]] int pictureWidth() const { return width_; } // pixels; 0 when it could not be read
+    [[nodiscard]] int pictureWidth() const { return width_; }  // pixels; 0 when it could not be read
     [[nodiscard]] int pictureHeight() const { return height_; }
-    void setPosition(int x, int y); // of the picture's corner in its box, pixels
+    void setPosition(int x, int y);  // of the picture's corner in its box, pixels
     [[nodiscard]] int x() const { return x_; }
     [[nodiscard]] int y() const { return y_; }
-    int boxWidth = 290; // pixels of the space it asks for
+    int boxWidth = 290;  // pixels of the space it asks for
     int boxHeight = 140;
-    std::string failureText; // shown in its place when the file cannot be read
+    std::string failureText;  // shown in its place when the file cannot be read
     std::function<void()> onResize;
 
 private:
@@ -76,7 +76,7 @@ class ScrollBar final : public Control {
 public:
     explicit ScrollBar(bool isHorizontal = true) : Control(ControlKind::scrollBar), horizontal(isHorizontal) {}
     void setRange(int minimum, int maximum);
-    void setValue(int value); // raises `onChange` when it differs
+    void setValue(int value);  // raises `onChange` when it differs
     [[nodiscard]] int minimum() const { return minimum_; }
     [[nodiscard]] int maximum() const { return maximum_; }
     [[nodiscard]] int value() const { return value_; }
@@ -108,7 +108,7 @@ public:
     [[nodiscard]] const std::vector<std::string>& drives() const { return drives_; }
     void refresh();
     [[nodiscard]] const std::string& drive() const { return drive_; }
-    void setDrive(const std::string& drive); // raises `onChange`; Errore 71 when it cannot be read
+    void setDrive(const std::string& drive);  // raises `onChange`; Errore 71 when it cannot be read
     [[nodiscard]] std::string shownText() const override { return drive_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
@@ -122,8 +122,8 @@ class DirList final : public Control {
 public:
     DirList() : Control(ControlKind::dirList) {}
     [[nodiscard]] const std::string& path() const { return path_; }
-    void setPath(const std::string& path); // raises `onChange`; Errore 71 or 70 when it cannot be read, the path kept
-    [[nodiscard]] const std::vector<std::string>& folders() const { return folders_; } // names; ".." first
+    void setPath(const std::string& path);  // raises `onChange`; Errore 71 or 70 when it cannot be read, the path kept
+    [[nodiscard]] const std::vector<std::string>& folders() const { return folders_; }  // names; ".." first
     [[nodiscard]] std::string shownText() const override { return path_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
@@ -140,8 +140,8 @@ public:
     void setPath(const std::string& path);
     [[nodiscard]] const std::vector<std::string>& files() const { return files_; }
     [[nodiscard]] int listIndex() const { return index_; }
-    void setListIndex(int index);               // raises `onClick`
-    [[nodiscard]] std::string fileName() const; // empty without a selection
+    void setListIndex(int index);                // raises `onClick`
+    [[nodiscard]] std::string fileName() const;  // empty without a selection
     [[nodiscard]] std::string shownText() const override { return fileName(); }
     [[nodiscard]] bool focusable() const override { return true; }
     std::string pattern = "*";
@@ -160,11 +160,11 @@ public:
     PageView() : Control(ControlKind::pageView) {}
     void setPages(std::shared_ptr<const Pages> pages);
     [[nodiscard]] const std::shared_ptr<const Pages>& pages() const { return pages_; }
-    [[nodiscard]] int page() const { return page_; } // from 0
-    void setPage(int page);                          // clamped; raises `onChange`
-    [[nodiscard]] int zoom() const { return zoom_; } // percent, or fitWidth, fitPage
+    [[nodiscard]] int page() const { return page_; }  // from 0
+    void setPage(int page);                           // clamped; raises `onChange`
+    [[nodiscard]] int zoom() const { return zoom_; }  // percent, or fitWidth, fitPage
     void setZoom(int zoom);
-    void setSearch(std::string text); // marks its places on the page; empty: none
+    void setSearch(std::string text);  // marks its places on the page; empty: none
     [[nodiscard]] const std::string& search() const { return search_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
@@ -191,7 +191,8 @@ public:
     [[nodiscard]] std::string shownText() const override { return {}; }
 
 protected:
-    void addPart(std::string name, Control& control, int index = -1) {
+    void addPart(std::string name, Control& control, int index = -1)
+    {
         parts_.push_back({std::move(name), index, &control});
     }
 
@@ -202,7 +203,8 @@ private:
 // Not shown: raises `onTimer` every `interval` milliseconds while enabled and its form loaded.
 class Timer {
 public:
-    void start(int milliseconds) {
+    void start(int milliseconds)
+    {
         interval = milliseconds;
         enabled = milliseconds > 0;
     }
@@ -217,13 +219,14 @@ class Menu {
 public:
     explicit Menu(std::string menuName = {}, std::string menuCaption = {})
         : name(std::move(menuName)),
-          caption(std::move(menuCaption)) {}
+          caption(std::move(menuCaption))
+    {}
     Menu& add(std::string entryName, std::string entryCaption, std::function<void()> action = {});
     void addSeparator();
     [[nodiscard]] Menu* find(const std::string& entryName);
     std::string name;
     std::string caption;
-    std::string shortcut; // "Ctrl+N"
+    std::string shortcut;  // "Ctrl+N"
     bool visible = true;
     bool enabled = true;
     bool separator = false;
@@ -235,4 +238,4 @@ struct StatusBar {
     std::vector<std::string> panels;
 };
 
-} // namespace bravona
+}  // namespace bravona

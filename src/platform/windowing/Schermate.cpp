@@ -6,15 +6,18 @@
 
 namespace bravona {
 
-void Schermate::add(const std::string& name, Factory factory) {
+void Schermate::add(const std::string& name, Factory factory)
+{
     factories_[name] = std::move(factory);
 }
 
-bool Schermate::knows(const std::string& name) const {
+bool Schermate::knows(const std::string& name) const
+{
     return factories_.contains(name);
 }
 
-Form& Schermate::get(const std::string& name) {
+Form& Schermate::get(const std::string& name)
+{
     if (Form* there = find(name); there != nullptr) {
         return *there;
     }
@@ -26,7 +29,8 @@ Form& Schermate::get(const std::string& name) {
     return *forms_.back();
 }
 
-Form* Schermate::find(const std::string& name) const {
+Form* Schermate::find(const std::string& name) const
+{
     for (const auto& form : forms_) {
         if (form->name() == name) {
             return form.get();
@@ -35,12 +39,14 @@ Form* Schermate::find(const std::string& name) const {
     return nullptr;
 }
 
-std::size_t Schermate::loadedCount() const {
+std::size_t Schermate::loadedCount() const
+{
     return static_cast<std::size_t>(std::count_if(
         forms_.begin(), forms_.end(), [](const auto& form) { return form->loaded() && form->countsAsWindow; }));
 }
 
-std::vector<Form*> Schermate::loaded() const {
+std::vector<Form*> Schermate::loaded() const
+{
     std::vector<Form*> found;
     for (const auto& form : forms_) {
         if (form->loaded()) {
@@ -50,12 +56,14 @@ std::vector<Form*> Schermate::loaded() const {
     return found;
 }
 
-Form& Schermate::adopt(std::unique_ptr<Form> form) {
+Form& Schermate::adopt(std::unique_ptr<Form> form)
+{
     forms_.push_back(std::move(form));
     return *forms_.back();
 }
 
-void Schermate::forget(Form& form) {
+void Schermate::forget(Form& form)
+{
     const auto place =
         std::find_if(forms_.begin(), forms_.end(), [&](const auto& candidate) { return candidate.get() == &form; });
     if (place != forms_.end()) {
@@ -64,7 +72,8 @@ void Schermate::forget(Form& form) {
     }
 }
 
-void Schermate::clear() {
+void Schermate::clear()
+{
     for (auto& form : forms_) {
         dead_.push_back(std::move(form));
     }
@@ -72,7 +81,8 @@ void Schermate::clear() {
     sweep();
 }
 
-void Schermate::sweep() {
+void Schermate::sweep()
+{
     // A destructor may let other screens go.
     while (!dead_.empty()) {
         std::vector<std::unique_ptr<Form>> going;
@@ -80,4 +90,4 @@ void Schermate::sweep() {
     }
 }
 
-} // namespace bravona
+}  // namespace bravona

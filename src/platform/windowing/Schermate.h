@@ -21,10 +21,11 @@ public:
     Form& get(const std::string& name);
     // The screen as the interface that it implements.
     template <class Interface>
-    Interface& as(const std::string& name) {
+    Interface& as(const std::string& name)
+    {
         return dynamic_cast<Interface&>(get(name));
     }
-    [[nodiscard]] Form* find(const std::string& name) const; // nullptr when it was not made
+    [[nodiscard]] Form* find(const std::string& name) const;  // nullptr when it was not made
     // Loaded windows, hidden ones too, previews aside.
     [[nodiscard]] std::size_t loadedCount() const;
     [[nodiscard]] std::vector<Form*> loaded() const;
@@ -43,4 +44,4 @@ private:
     std::vector<std::unique_ptr<Form>> dead_;
 };
 
-} // namespace bravona
+}  // namespace bravona
