@@ -79,8 +79,9 @@ public:
     Descrittore& operator=(const Descrittore&) = delete;
     ~Descrittore()
     {
-        if (fd_ >= 0)
+        if (fd_ >= 0) {
             ::close(fd_);
+        }
     }
     [[nodiscard]] int operator*() const { return fd_; }
     // Closes and tells of a failure: some file systems report a failed write only here.
@@ -88,8 +89,9 @@ public:
     {
         const int esito = ::close(fd_);
         fd_ = -1;
-        if (esito != 0 && errno != EINTR)
+        if (esito != 0 && errno != EINTR) {
             fallitoPerCodice(errno, path);
+        }
     }
 
 private:
@@ -108,14 +110,16 @@ public:
     FileAccanto& operator=(const FileAccanto&) = delete;
     ~FileAccanto()
     {
-        if (!alSuoPosto_)
+        if (!alSuoPosto_) {
             ::unlink(percorso_.c_str());
+        }
     }
     [[nodiscard]] const std::string& percorso() const { return percorso_; }
     void alPostoDi(const std::string& bersaglio)
     {
-        if (::rename(percorso_.c_str(), bersaglio.c_str()) != 0)
+        if (::rename(percorso_.c_str(), bersaglio.c_str()) != 0) {
             fallitoPerCodice(errno, bersaglio);
+        }
         alSuoPosto_ = true;
     }
 
@@ -128,10 +132,12 @@ void scrivi(int fd, const std::uint8_t* dati, std::size_t quanti, const std::str
 {
     while (quanti > 0) {
         const ssize_t n = ::write(fd, dati, quanti);
-        if (n < 0 && errno == EINTR)
+        if (n < 0 && errno == EINTR) {
             continue;
-        if (n < 0)
+        }
+        if (n < 0) {
             fallitoPerCodice(errno, path);
+        }
         dati += n;
         quanti -= static_cast<std::size_t>(n);
     }
@@ -142,20 +148,24 @@ std::size_t leggi(int fd, std::uint8_t* dati, std::size_t quanti, const std::str
 {
     for (;;) {
         const ssize_t n = ::read(fd, dati, quanti);
-        if (n >= 0)
+        if (n >= 0) {
             return static_cast<std::size_t>(n);
-        if (errno != EINTR)
+        }
+        if (errno != EINTR) {
             fallitoPerCodice(errno, path);
+        }
     }
 }
 
 struct stat stato(const std::string& path)
 {
     struct stat s {};
-    if (::stat(path.c_str(), &s) != 0)
+    if (::stat(path.c_str(), &s) != 0) {
         fallitoPerCodice(errno, path);
-    if (!S_ISREG(s.st_mode))
+    }
+    if (!S_ISREG(s.st_mode)) {
         fallito(errori::erroreDiPercorso, path);
+    }
     return s;
 }
 
@@ -165,8 +175,9 @@ int apriLettura(const std::string& path)
     stato(path);
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        if (errno == EACCES || errno == EPERM)
+        if (errno == EACCES || errno == EPERM) {
             fallito(errori::erroreDiPercorso, path);
+        }
         fallitoPerCodice(errno, path);
     }
     return fd;
@@ -177,8 +188,9 @@ void consolidaCartella(const fs::path& file)
     const fs::path cartella = file.has_parent_path() ? file.parent_path() : fs::path(".");
     const Descrittore fd(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     // A folder that may be written to but not read cannot be flushed, nor can some file systems.
-    if (*fd < 0 || ::fsync(*fd) == 0 || errno == EINVAL || errno == ENOTSUP)
+    if (*fd < 0 || ::fsync(*fd) == 0 || errno == EINVAL || errno == ENOTSUP) {
         return;
+    }
     fallitoPerCodice(errno, cartella.string());
 }
 
@@ -188,11 +200,13 @@ fs::path inFondoAiLink(fs::path path)
     constexpr int massimo = 40;
     std::error_code ec;
     for (int i = 0; i < massimo; ++i) {
-        if (!fs::is_symlink(fs::symlink_status(path, ec)))
+        if (!fs::is_symlink(fs::symlink_status(path, ec))) {
             return path;
+        }
         const fs::path meta = fs::read_symlink(path, ec);
-        if (ec)
+        if (ec) {
             fallitoPerCodice(ec.value(), path.string());
+        }
         path = path.parent_path() / meta;  // an absolute one stays as it is
     }
     fallitoPerCodice(ELOOP, path.string());
@@ -211,8 +225,9 @@ std::string Files::native(std::string_view path)
 {
     std::string s(path);
     for (char& c : s) {
-        if (c == '\\' || c == '/')
+        if (c == '\\' || c == '/') {
             c = static_cast<char>(fs::path::preferred_separator);
+        }
     }
     return s;
 }
@@ -242,11 +257,13 @@ Bytes Files::read(const std::string& path) const
     std::size_t letti = 0;
     // The file may grow or shrink meanwhile: what counts is the end that reading finds.
     for (;;) {
-        if (letti == bytes.size())
+        if (letti == bytes.size()) {
             bytes.resize(letti + blocco);
+        }
         const std::size_t n = leggi(*fd, bytes.data() + letti, bytes.size() - letti, file);
-        if (n == 0)
+        if (n == 0) {
             break;
+        }
         letti += n;
     }
     bytes.resize(letti);
@@ -259,19 +276,23 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
     const fs::path bersaglio = inFondoAiLink(richiesto);
     struct stat vecchio {};
     const bool esiste = ::stat(bersaglio.c_str(), &vecchio) == 0;
-    if (esiste && !S_ISREG(vecchio.st_mode))
+    if (esiste && !S_ISREG(vecchio.st_mode)) {
         fallito(errori::erroreDiPercorso, bersaglio.string());
+    }
 
     FileAccanto accanto(bersaglio);
     Descrittore fd(
         ::open(accanto.percorso().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessiNuovoFile));
-    if (*fd < 0)
+    if (*fd < 0) {
         fallitoPerCodice(errno, bersaglio.string());
-    if (esiste && ::fchmod(*fd, vecchio.st_mode & soloPermessi) != 0)
+    }
+    if (esiste && ::fchmod(*fd, vecchio.st_mode & soloPermessi) != 0) {
         fallitoPerCodice(errno, bersaglio.string());
+    }
     write(*fd);
-    if (::fsync(*fd) != 0)
+    if (::fsync(*fd) != 0) {
         fallitoPerCodice(errno, bersaglio.string());
+    }
     fd.chiudi(bersaglio.string());
     checkFault(richiesto.string());
     checkFault(bersaglio.string());
@@ -302,8 +323,9 @@ void Files::rename(const std::string& from, const std::string& to)
     const std::string nuovo = native(to);
     checkFault(nuovo);
     if (::rename(vecchio.c_str(), nuovo.c_str()) != 0) {
-        if (errno != EXDEV)
+        if (errno != EXDEV) {
             fallitoPerCodice(errno, errno == ENOENT ? vecchio : nuovo);
+        }
         // On another disk: copied whole before the old one goes.
         copy(vecchio, nuovo);
         remove(vecchio);
@@ -318,12 +340,15 @@ void Files::remove(const std::string& path)
     const std::string file = native(path);
     checkFault(file);
     struct stat s {};
-    if (::lstat(file.c_str(), &s) != 0)
+    if (::lstat(file.c_str(), &s) != 0) {
         fallitoPerCodice(errno, file);
-    if (S_ISDIR(s.st_mode))
+    }
+    if (S_ISDIR(s.st_mode)) {
         fallito(errori::erroreDiPercorso, file);
-    if (::unlink(file.c_str()) != 0)
+    }
+    if (::unlink(file.c_str()) != 0) {
         fallitoPerCodice(errno, file);
+    }
     consolidaCartella(file);
 }
 
@@ -333,11 +358,13 @@ void Files::makeFolder(const std::string& path)
     checkFault(cartella);
     std::error_code ec;
     fs::create_directories(cartella, ec);
-    if (!ec && fs::is_directory(cartella, ec))
+    if (!ec && fs::is_directory(cartella, ec)) {
         return;
+    }
     // A file in the way, on whatever level, is a wrong path and no missing file.
-    if (!ec || ec.value() == ENOTDIR)
+    if (!ec || ec.value() == ENOTDIR) {
         fallito(errori::erroreDiPercorso, cartella);
+    }
     fallitoPerCodice(ec.value(), cartella);
 }
 
@@ -348,11 +375,13 @@ void Files::failNextWrite(const std::string& path, std::uint32_t numero)
 
 void Files::checkFault(const std::string& path)
 {
-    if (faults_.empty())
+    if (faults_.empty()) {
         return;
+    }
     const auto guasto = faults_.extract(assoluto(path));
-    if (guasto)
+    if (guasto) {
         fallito(guasto.mapped(), path);
+    }
 }
 
 }  // namespace bravona

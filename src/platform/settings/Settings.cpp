@@ -5,8 +5,9 @@ namespace bravona {
 std::optional<std::string> MemorySettings::find(std::string_view section, std::string_view key) const
 {
     const auto trovato = values_.find({std::string(section), std::string(key)});
-    if (trovato == values_.end())
+    if (trovato == values_.end()) {
         return std::nullopt;
+    }
     return trovato->second;
 }
 

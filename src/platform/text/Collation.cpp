@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <numeric>
+#include <optional>
 #include <stdexcept>
 
 #include "platform/text/Text.h"
@@ -22,8 +23,9 @@ constexpr std::size_t quantiAscii = 128;
 
 void controlla(UErrorCode esito, const char* cosa)
 {
-    if (U_FAILURE(esito))
+    if (U_FAILURE(esito)) {
         throw std::runtime_error(std::string(cosa) + ": " + u_errorName(esito));
+    }
 }
 
 icu::StringPiece pezzo(std::string_view text)
@@ -74,38 +76,46 @@ public:
 
         std::array<char, primoNonStampabile - primoStampabile> caratteri{};
         std::iota(caratteri.begin(), caratteri.end(), static_cast<char>(primoStampabile));
-        std::stable_sort(caratteri.begin(), caratteri.end(), [this](char a, char b) { return icu(a, b) < 0; });
+        std::stable_sort(caratteri.begin(), caratteri.end(), [this](char a, char b) { return confronta(a, b) < 0; });
         std::uint8_t rango = 1;  // 0: not in the table
         for (std::size_t i = 0; i < caratteri.size(); ++i) {
-            if (i > 0 && icu(caratteri[i - 1], caratteri[i]) != 0)
+            if (i > 0 && confronta(caratteri[i - 1], caratteri[i]) != 0) {
                 ++rango;
+            }
             rango_[static_cast<unsigned char>(caratteri[i])] = rango;
         }
     }
 
-    [[nodiscard]] int confronta(std::string_view a, std::string_view b) const
+    // By the table: the first difference between two plain characters decides, whatever follows. Empty when another
+    // character comes first.
+    [[nodiscard]] std::optional<int> confrontaSemplici(std::string_view a, std::string_view b) const
     {
         const std::size_t comune = std::min(a.size(), b.size());
-        int esito = 0;
         for (std::size_t i = 0; i < comune; ++i) {
             const int x = rango(a[i]);
             const int y = rango(b[i]);
-            if (x == 0 || y == 0)
-                return icu(a, b);
-            if (esito == 0)
-                esito = x - y;
+            if (x == 0 || y == 0) {
+                return std::nullopt;
+            }
+            if (x != y) {
+                return x - y;
+            }
         }
-        for (const char c : a.substr(comune)) {
-            if (rango(c) == 0)
-                return icu(a, b);
+        if (a.size() == b.size()) {
+            return 0;
         }
-        for (const char c : b.substr(comune)) {
-            if (rango(c) == 0)
-                return icu(a, b);
-        }
-        if (esito != 0 || a.size() == b.size())
-            return esito;
-        return a.size() < b.size() ? -1 : 1;
+        // What an accent or a control character at the end of the shorter text does is not told by the table.
+        const bool semplice = rango(a.size() > comune ? a[comune] : b[comune]) != 0;
+        return semplice ? std::optional(a.size() < b.size() ? -1 : 1) : std::nullopt;
+    }
+
+    // As the collator has it.
+    [[nodiscard]] int confronta(std::string_view a, std::string_view b) const
+    {
+        UErrorCode esito = U_ZERO_ERROR;
+        const UCollationResult r = collatore_->compareUTF8(pezzo(a), pezzo(b), esito);
+        controlla(esito, "confronto");
+        return r;
     }
 
     [[nodiscard]] std::string versione() const
@@ -131,14 +141,9 @@ private:
         return byte < quantiAscii ? rango_[byte] : 0;
     }
 
-    [[nodiscard]] int icu(char a, char b) const { return icu(std::string_view(&a, 1), std::string_view(&b, 1)); }
-
-    [[nodiscard]] int icu(std::string_view a, std::string_view b) const
+    [[nodiscard]] int confronta(char a, char b) const
     {
-        UErrorCode esito = U_ZERO_ERROR;
-        const UCollationResult r = collatore_->compareUTF8(pezzo(a), pezzo(b), esito);
-        controlla(esito, "confronto");
-        return r;
+        return confronta(std::string_view(&a, 1), std::string_view(&b, 1));
     }
 
     std::unique_ptr<icu::Collator> collatore_;
@@ -177,15 +182,17 @@ std::string conOgniByte(std::string_view text, char (*cambia)(char))
 
 std::string upper(std::string_view text)
 {
-    if (ascii(text))
+    if (ascii(text)) {
         return conOgniByte(text, maiuscola);
+    }
     return stretto(largo(text).toUpper(italiano()));
 }
 
 std::string lower(std::string_view text)
 {
-    if (ascii(text))
+    if (ascii(text)) {
         return conOgniByte(text, minuscola);
+    }
     return stretto(largo(text).toLower(italiano()));
 }
 
@@ -203,8 +210,9 @@ std::string properName(std::string_view text)
 
 std::string fold(std::string_view text)
 {
-    if (ascii(text))
+    if (ascii(text)) {
         return conOgniByte(text, minuscola);
+    }
     UErrorCode esito = U_ZERO_ERROR;
     // Composed before as well: folding a letter apart from its accent may give what does not compose.
     icu::UnicodeString s = composizione().normalize(largo(text), esito);
@@ -216,9 +224,8 @@ std::string fold(std::string_view text)
 
 int compareFolded(std::string_view a, std::string_view b)
 {
-    if (ascii(a) && ascii(b)) {
-        const int esito = ordine().confronta(a, b);
-        return esito != 0 || equalFolded(a, b) ? esito : fold(a).compare(fold(b));
+    if (const auto esito = ordine().confrontaSemplici(a, b)) {
+        return *esito;
     }
     // Folded first, so that order and equality agree on every text (ß and ss); what the collator then still takes as
     // equal (º and o) is told apart by the bytes.
@@ -238,8 +245,9 @@ bool equalFolded(std::string_view a, std::string_view b)
 
 bool startsWithFolded(std::string_view text, std::string_view prefix)
 {
-    if (ascii(text) && ascii(prefix))
+    if (ascii(text) && ascii(prefix)) {
         return equalFolded(text.substr(0, prefix.size()), prefix);
+    }
     return fold(text).starts_with(fold(prefix));
 }
 

@@ -32,8 +32,9 @@ void aggiungi(std::string& s, char32_t c)
 bool ascii(std::string_view text)
 {
     for (const char c : text) {
-        if (static_cast<unsigned char>(c) >= 0x80)
+        if (static_cast<unsigned char>(c) >= 0x80) {
             return false;
+        }
     }
     return true;
 }
@@ -41,11 +42,13 @@ bool ascii(std::string_view text)
 // Where the character of that position begins, or the end of the text.
 std::size_t inizioDi(std::string_view text, std::size_t posizione)
 {
-    if (posizione >= text.size())
+    if (posizione >= text.size()) {
         return text.size();
+    }
     std::size_t i = 0;
-    for (; posizione > 0 && i < text.size(); --posizione)
+    for (; posizione > 0 && i < text.size(); --posizione) {
         avanza(text, i);
+    }
     return i;
 }
 
@@ -58,11 +61,13 @@ bool spazio(char c)
 
 std::size_t length(std::string_view text)
 {
-    if (ascii(text))
+    if (ascii(text)) {
         return text.size();
+    }
     std::size_t n = 0;
-    for (std::size_t i = 0; i < text.size(); ++n)
+    for (std::size_t i = 0; i < text.size(); ++n) {
         avanza(text, i);
+    }
     return n;
 }
 
@@ -85,23 +90,27 @@ std::string mid(std::string_view text, std::size_t start, std::size_t count)
 
 std::string trim(std::string_view text)
 {
-    while (!text.empty() && spazio(text.front()))
+    while (!text.empty() && spazio(text.front())) {
         text.remove_prefix(1);
-    while (!text.empty() && spazio(text.back()))
+    }
+    while (!text.empty() && spazio(text.back())) {
         text.remove_suffix(1);
+    }
     return std::string(text);
 }
 
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with)
 {
     std::string s;
-    if (what.empty())
+    if (what.empty()) {
         return s.assign(text);
+    }
     for (std::size_t da = 0;;) {
         const std::size_t trovato = text.find(what, da);
         s.append(text.substr(da, trovato - da));
-        if (trovato == std::string_view::npos)
+        if (trovato == std::string_view::npos) {
             return s;
+        }
         s.append(with);
         da = trovato + what.size();
     }
@@ -118,8 +127,9 @@ std::vector<std::string> split(std::string_view text, char separator)
     for (;;) {
         const std::size_t fine = text.find(separator);
         parti.emplace_back(text.substr(0, fine));
-        if (fine == std::string_view::npos)
+        if (fine == std::string_view::npos) {
             return parti;
+        }
         text.remove_prefix(fine + 1);
     }
 }
@@ -127,16 +137,18 @@ std::vector<std::string> split(std::string_view text, char separator)
 std::string AllineaSinistra(std::string_view testo, std::size_t lunghezza, char carattere)
 {
     const std::size_t n = length(testo);
-    if (n >= lunghezza)
+    if (n >= lunghezza) {
         return left(testo, lunghezza);
+    }
     return std::string(testo).append(lunghezza - n, carattere);
 }
 
 std::string AllineaDestra(std::string_view testo, std::size_t lunghezza, char carattere)
 {
     const std::size_t n = length(testo);
-    if (n >= lunghezza)
+    if (n >= lunghezza) {
         return left(testo, lunghezza);
+    }
     return std::string(lunghezza - n, carattere).append(testo);
 }
 
@@ -144,8 +156,9 @@ std::string withoutMnemonic(std::string_view caption)
 {
     std::string s;
     for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == '&' && ++i == caption.size())
+        if (caption[i] == '&' && ++i == caption.size()) {
             break;
+        }
         s.push_back(caption[i]);
     }
     return s;
@@ -154,11 +167,13 @@ std::string withoutMnemonic(std::string_view caption)
 char32_t mnemonic(std::string_view caption)
 {
     for (std::size_t i = caption.find('&'); i != std::string_view::npos; i = caption.find('&', i)) {
-        if (++i == caption.size())
+        if (++i == caption.size()) {
             break;
+        }
         const char32_t c = avanza(caption, i);
-        if (c != U'&')
+        if (c != U'&') {
             return static_cast<char32_t>(u_toupper(static_cast<UChar32>(c)));
+        }
     }
     return 0;
 }
@@ -167,8 +182,9 @@ std::u32string toCodePoints(std::string_view text)
 {
     std::u32string s;
     s.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();)
+    for (std::size_t i = 0; i < text.size();) {
         s.push_back(avanza(text, i));
+    }
     return s;
 }
 
@@ -176,8 +192,9 @@ std::string fromCodePoints(std::u32string_view text)
 {
     std::string s;
     s.reserve(text.size());
-    for (const char32_t c : text)
+    for (const char32_t c : text) {
         aggiungi(s, c);
+    }
     return s;
 }
 

@@ -17,8 +17,9 @@ namespace {
 Currency Currency::fromEuro(std::int64_t euro)
 {
     std::int64_t n = 0;
-    if (__builtin_mul_overflow(euro, unitaPerEuro, &n))
+    if (__builtin_mul_overflow(euro, unitaPerEuro, &n)) {
         fuoriIntervallo();
+    }
     return fromTenThousandths(n);
 }
 
@@ -26,16 +27,18 @@ Currency Currency::fromDouble(double euro)
 {
     constexpr int decimali = 4;
     const auto n = Decimal::fromDouble(euro).scaled(decimali, Rounding::halfToEven);
-    if (!n)
+    if (!n) {
         fuoriIntervallo();
+    }
     return fromTenThousandths(*n);
 }
 
 Currency& Currency::operator+=(Currency other)
 {
     std::int64_t somma = 0;
-    if (__builtin_add_overflow(n_, other.n_, &somma))
+    if (__builtin_add_overflow(n_, other.n_, &somma)) {
         fuoriIntervallo();
+    }
     n_ = somma;
     return *this;
 }
@@ -43,8 +46,9 @@ Currency& Currency::operator+=(Currency other)
 Currency& Currency::operator-=(Currency other)
 {
     std::int64_t differenza = 0;
-    if (__builtin_sub_overflow(n_, other.n_, &differenza))
+    if (__builtin_sub_overflow(n_, other.n_, &differenza)) {
         fuoriIntervallo();
+    }
     n_ = differenza;
     return *this;
 }

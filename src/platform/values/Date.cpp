@@ -59,8 +59,9 @@ constexpr int cifreAnno = 4;
 int annoIntero(const Cifre& anno)
 {
     constexpr int primoDel900 = 30;
-    if (anno.quante == cifreAnno)
+    if (anno.quante == cifreAnno) {
         return anno.valore;
+    }
     return anno.valore + (anno.valore >= primoDel900 ? 1900 : 2000);
 }
 
@@ -68,40 +69,48 @@ int annoIntero(const Cifre& anno)
 
 std::optional<Date> Date::fromYmd(int year, int month, int day)
 {
-    if (year < primoAnno || year > ultimoAnno || month < 1 || day < 1 || month > mesiPerAnno)
+    if (year < primoAnno || year > ultimoAnno || month < 1 || day < 1 || month > mesiPerAnno) {
         return std::nullopt;
+    }
     const cal::year_month_day ymd(cal::year(year), cal::month(static_cast<unsigned>(month)),
                                   cal::day(static_cast<unsigned>(day)));
-    if (!ymd.ok())
+    if (!ymd.ok()) {
         return std::nullopt;
+    }
     return fromDayNumber(numeroGiorno(ymd));
 }
 
 std::optional<Date> Date::parse(std::string_view text)
 {
-    while (text.starts_with(' '))
+    while (text.starts_with(' ')) {
         text.remove_prefix(1);
-    while (text.ends_with(' '))
+    }
+    while (text.ends_with(' ')) {
         text.remove_suffix(1);
+    }
 
     const Cifre giorno = prendiCifre(text, 2);
-    if (giorno.quante == 0 || text.empty())
+    if (giorno.quante == 0 || text.empty()) {
         return std::nullopt;
+    }
     const char separatore = text.front();
     const bool separato = separatore == '/' || separatore == '-' || separatore == '.';
-    if (separato)
+    if (separato) {
         text.remove_prefix(1);
+    }
     const Cifre mese = prendiCifre(text, 2);
     if (separato) {
-        if (mese.quante == 0 || !text.starts_with(separatore))
+        if (mese.quante == 0 || !text.starts_with(separatore)) {
             return std::nullopt;
+        }
         text.remove_prefix(1);
     } else if (giorno.quante != 2 || mese.quante != 2) {
         return std::nullopt;
     }
     const Cifre anno = prendiCifre(text, cifreAnno);
-    if (!text.empty() || (anno.quante != cifreAnnoBreve && anno.quante != cifreAnno))
+    if (!text.empty() || (anno.quante != cifreAnnoBreve && anno.quante != cifreAnno)) {
         return std::nullopt;
+    }
     return fromYmd(annoIntero(anno), mese.valore, giorno.valore);
 }
 
@@ -123,8 +132,9 @@ int Date::day() const
 Date Date::addDays(std::int32_t days) const
 {
     const std::int64_t n = std::int64_t{days_} + days;
-    if (n < first.days_ || n > last.days_)
+    if (n < first.days_ || n > last.days_) {
         fuoriCalendario();
+    }
     return fromDayNumber(static_cast<std::int32_t>(n));
 }
 
@@ -133,8 +143,9 @@ Date Date::addMonths(int months) const
     const auto ymd = calendario(days_);
     const std::int64_t mesi =
         std::int64_t{static_cast<int>(ymd.year())} * mesiPerAnno + static_cast<unsigned>(ymd.month()) - 1 + months;
-    if (mesi < primoAnno * mesiPerAnno || mesi >= (ultimoAnno + 1) * mesiPerAnno)
+    if (mesi < primoAnno * mesiPerAnno || mesi >= (ultimoAnno + 1) * mesiPerAnno) {
         fuoriCalendario();
+    }
     const cal::year_month mese(cal::year(static_cast<int>(mesi / mesiPerAnno)),
                                cal::month(static_cast<unsigned>(mesi % mesiPerAnno) + 1));
     const cal::year_month_day stesso = mese / ymd.day();
@@ -146,8 +157,9 @@ std::string Date::text() const
     const auto ymd = calendario(days_);
     std::array<char, 10> testo{};
     const auto scrivi = [&testo](std::size_t da, std::size_t cifre, unsigned valore) {
-        for (std::size_t i = cifre; i-- > 0; valore /= 10)
+        for (std::size_t i = cifre; i-- > 0; valore /= 10) {
             testo[da + i] = static_cast<char>('0' + valore % 10);
+        }
     };
     scrivi(0, 2, static_cast<unsigned>(ymd.day()));
     testo[2] = '/';

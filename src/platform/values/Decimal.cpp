@@ -27,8 +27,9 @@ bool isDigit(char c)
 // Steps over an optional piece of the text.
 bool skip(std::string_view& text, std::string_view piece)
 {
-    if (!text.starts_with(piece))
+    if (!text.starts_with(piece)) {
         return false;
+    }
     text.remove_prefix(piece.size());
     return true;
 }
@@ -76,8 +77,9 @@ void Decimal::append(char digit)
 
 void Decimal::dropTrailingZeros()
 {
-    while (n_ > 0 && digits_[static_cast<std::size_t>(n_ - 1)] == '0')
+    while (n_ > 0 && digits_[static_cast<std::size_t>(n_ - 1)] == '0') {
         --n_;
+    }
     if (n_ == 0) {
         negative_ = false;
         point_ = 0;
@@ -86,8 +88,9 @@ void Decimal::dropTrailingZeros()
 
 Decimal Decimal::fromDouble(double value)
 {
-    if (!std::isfinite(value))
+    if (!std::isfinite(value)) {
         troppoGrande();
+    }
     constexpr double limiteInteri = 1e15;
     if (std::fabs(value) < limiteInteri && value == std::trunc(value)) {
         return fromScaled(static_cast<std::int64_t>(value));
@@ -102,12 +105,14 @@ Decimal Decimal::fromDouble(double value)
         ++p;
     }
     for (; *p != 'e'; ++p) {
-        if (*p != '.')
+        if (*p != '.') {
             d.append(*p);
+        }
     }
     ++p;
-    if (*p == '+')
+    if (*p == '+') {
         ++p;
+    }
     int esponente = 0;
     std::from_chars(p, fine.ptr, esponente);
     d.point_ = esponente + 1;
@@ -120,8 +125,9 @@ Decimal Decimal::fromScaled(std::int64_t value, int decimals)
     Decimal d;
     d.negative_ = value < 0;
     const auto assoluto = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-    if (assoluto == 0)
+    if (assoluto == 0) {
         return {};
+    }
     const auto fine = std::to_chars(d.digits_.data(), d.digits_.data() + d.digits_.size(), assoluto);
     d.n_ = static_cast<int>(fine.ptr - d.digits_.data());
     d.point_ = d.n_ - decimals;
@@ -141,12 +147,14 @@ std::optional<Decimal> Decimal::parse(std::string_view text)
         if (isDigit(c)) {
             cifre = true;
             if (c == '0' && d.n_ == 0) {
-                if (virgola)
+                if (virgola) {
                     --d.point_;
+                }
             } else {
                 d.append(c);
-                if (!virgola)
+                if (!virgola) {
                     ++d.point_;
+                }
             }
         } else if (c == ',' && !virgola) {
             virgola = true;
@@ -155,8 +163,9 @@ std::optional<Decimal> Decimal::parse(std::string_view text)
         }
     }
     segni.leggi(text);
-    if (!cifre || !text.empty())
+    if (!cifre || !text.empty()) {
         return std::nullopt;
+    }
     d.negative_ = segni.negativo;
     d.dropTrailingZeros();
     return d;
@@ -165,8 +174,9 @@ std::optional<Decimal> Decimal::parse(std::string_view text)
 Decimal& Decimal::round(int decimals, Rounding how)
 {
     const int tenute = point_ + decimals;
-    if (tenute >= n_)
+    if (tenute >= n_) {
         return *this;
+    }
     if (tenute < 0) {
         *this = {};
         return *this;
@@ -180,8 +190,9 @@ Decimal& Decimal::round(int decimals, Rounding how)
     n_ = tenute;
     if (su) {
         int i = n_ - 1;
-        while (i >= 0 && digits_[static_cast<std::size_t>(i)] == '9')
+        while (i >= 0 && digits_[static_cast<std::size_t>(i)] == '9') {
             --i;
+        }
         if (i >= 0) {
             ++digits_[static_cast<std::size_t>(i)];
             n_ = i + 1;
@@ -201,14 +212,17 @@ std::optional<std::int64_t> Decimal::scaled(int decimals, Rounding how) const
     d.round(decimals, how);
     const int quante = d.n_ == 0 ? 0 : d.point_ + decimals;
     constexpr int cifreMassime = std::numeric_limits<std::int64_t>::digits10 + 1;
-    if (quante > cifreMassime)
+    if (quante > cifreMassime) {
         return std::nullopt;
+    }
     std::uint64_t n = 0;
-    for (int i = 0; i < quante; ++i)
+    for (int i = 0; i < quante; ++i) {
         n = n * 10 + static_cast<std::uint64_t>(d.digitAt(i) - '0');
+    }
     constexpr auto massimo = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    if (n > massimo + (d.negative_ ? 1U : 0U))
+    if (n > massimo + (d.negative_ ? 1U : 0U)) {
         return std::nullopt;
+    }
     return static_cast<std::int64_t>(d.negative_ ? 0 - n : n);
 }
 
@@ -216,17 +230,20 @@ double Decimal::toDouble() const
 {
     std::array<char, maxDigits + 16> buffer{};
     char* p = buffer.data();
-    if (n_ == 0)
+    if (n_ == 0) {
         return 0;
-    if (negative_)
+    }
+    if (negative_) {
         *p++ = '-';
+    }
     p = std::copy_n(digits_.data(), n_, p);
     *p++ = 'e';
     p = std::to_chars(p, buffer.data() + buffer.size(), point_ - n_).ptr;
     double value = 0;
     if (std::from_chars(buffer.data(), p, value).ec == std::errc::result_out_of_range) {
-        if (point_ > 0)
+        if (point_ > 0) {
             troppoGrande();
+        }
         return 0;
     }
     return value;
@@ -242,19 +259,23 @@ std::string Decimal::text(const Layout& layout) const
     const int interi = n_ == 0 ? 0 : std::max(point_, 0);
     const int scritti = std::max(interi, layout.minWhole);
     std::string s;
-    s.reserve(static_cast<std::size_t>(scritti + scritti / 3 + layout.decimals + 2));
-    if (negative_)
+    s.reserve(static_cast<std::size_t>(scritti) + static_cast<std::size_t>(scritti / 3 + layout.decimals) + 2);
+    if (negative_) {
         s.push_back('-');
+    }
     for (int restano = scritti; restano > 0; --restano) {
         // The digit of 10^(restano - 1).
         s.push_back(digitAt(point_ - restano));
-        if (layout.groups && restano > 1 && restano % 3 == 1)
+        if (layout.groups && restano > 1 && restano % 3 == 1) {
             s.push_back('.');
+        }
     }
-    if (layout.decimals > 0)
+    if (layout.decimals > 0) {
         s.push_back(',');
-    for (int i = 0; i < layout.decimals; ++i)
+    }
+    for (int i = 0; i < layout.decimals; ++i) {
         s.push_back(digitAt(point_ + i));
+    }
     return s;
 }
 

@@ -23,8 +23,9 @@ constexpr Decimal::Layout dueDecimali{.minWhole = 1, .decimals = 2, .groups = tr
 Decimal leggi(std::string_view text)
 {
     const auto d = Decimal::parse(text);
-    if (!d)
+    if (!d) {
         nonUnNumero(text);
+    }
     return *d;
 }
 
@@ -41,8 +42,9 @@ Intero intero(std::string_view text)
 Currency importo(const Decimal& d)
 {
     const auto n = d.scaled(decimaliCurrency, Rounding::halfToEven);
-    if (!n)
+    if (!n) {
         throw Errore(errori::numeroTroppoGrande, "Importo troppo grande");
+    }
     return Currency::fromTenThousandths(*n);
 }
 
@@ -110,8 +112,9 @@ bool cifra(char c)
 
 std::size_t oltreLeCifre(std::string_view text, std::size_t da)
 {
-    while (da < text.size() && cifra(text[da]))
+    while (da < text.size() && cifra(text[da])) {
         ++da;
+    }
     return da;
 }
 
@@ -124,8 +127,9 @@ double leadingNumber(std::string_view text)
         text.remove_prefix(1);
     }
     const bool negativo = text.starts_with('-');
-    if (negativo || text.starts_with('+'))
+    if (negativo || text.starts_with('+')) {
         text.remove_prefix(1);
+    }
 
     std::size_t fine = oltreLeCifre(text, 0);
     std::size_t cifre = fine;
@@ -134,15 +138,18 @@ double leadingNumber(std::string_view text)
         cifre += dopo - fine - 1;
         fine = dopo;
     }
-    if (cifre == 0)
+    if (cifre == 0) {
         return 0;
+    }
     if (fine < text.size() && (text[fine] == 'e' || text[fine] == 'E')) {
         std::size_t esponente = fine + 1;
-        if (esponente < text.size() && (text[esponente] == '-' || text[esponente] == '+'))
+        if (esponente < text.size() && (text[esponente] == '-' || text[esponente] == '+')) {
             ++esponente;
+        }
         const std::size_t dopo = oltreLeCifre(text, esponente);
-        if (dopo > esponente)
+        if (dopo > esponente) {
             fine = dopo;
+        }
     }
     double value = 0;
     if (std::from_chars(text.data(), text.data() + fine, value).ec == std::errc::result_out_of_range) {
@@ -164,16 +171,18 @@ std::string leadingWholeNumberText(std::string_view text)
 std::optional<double> parseNumber(std::string_view text)
 {
     const auto d = Decimal::parse(text);
-    if (!d)
+    if (!d) {
         return std::nullopt;
+    }
     return d->toDouble();
 }
 
 std::optional<Currency> parseAmount(std::string_view text)
 {
     const auto d = Decimal::parse(text);
-    if (!d)
+    if (!d) {
         return std::nullopt;
+    }
     return importo(*d);
 }
 
@@ -215,23 +224,28 @@ Currency toCurrency(std::string_view text)
 Date toDate(std::string_view text)
 {
     const auto data = Date::parse(text);
-    if (!data)
+    if (!data) {
         throw Errore(errori::testoNonConvertibile, "\"" + std::string(text) + "\" non è una data");
+    }
     return *data;
 }
 
 std::string format(const Value& value, std::string_view pattern)
 {
-    if (value.isNull())
+    if (value.isNull()) {
         return {};
-    if (pattern.empty())
+    }
+    if (pattern.empty()) {
         return value.text();
-    if (pattern == patternData)
+    }
+    if (pattern == patternData) {
         return formatData(value);
+    }
     const Decimal::Layout layout = layoutDi(pattern);
     auto d = decimale(value);
-    if (!d)
+    if (!d) {
         return value.text();
+    }
     return d->round(layout.decimals, Rounding::halfAwayFromZero).text(layout);
 }
 
@@ -272,10 +286,12 @@ std::string FormattaImporto(Currency value)
 
 std::string FormattaImportoDi(const Value& value)
 {
-    if (value.isNull())
+    if (value.isNull()) {
         return {};
-    if (const auto* testo = std::get_if<std::string>(&value.variant()))
+    }
+    if (const auto* testo = std::get_if<std::string>(&value.variant())) {
         return FormattaImporto(std::string_view(*testo));
+    }
     return importoEuro(*decimale(value));
 }
 

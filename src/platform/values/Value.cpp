@@ -26,8 +26,9 @@ double pari(double v)
     const double sotto = std::floor(v);
     const double resto = v - sotto;
     constexpr double mezzo = 0.5;
-    if (resto < mezzo || (resto == mezzo && std::fmod(sotto, 2) == 0))
+    if (resto < mezzo || (resto == mezzo && std::fmod(sotto, 2) == 0)) {
         return sotto;
+    }
     return sotto + 1;
 }
 
@@ -35,8 +36,9 @@ std::int64_t interoDa(double v)
 {
     constexpr double limite = 9223372036854775808.0;  // 2^63
     const double n = pari(v);
-    if (!(n >= -limite && n < limite))
+    if (!(n >= -limite && n < limite)) {
         troppoGrande();
+    }
     return static_cast<std::int64_t>(n);
 }
 
@@ -46,16 +48,18 @@ std::int64_t interoDa(Currency v)
     std::int64_t intero = v.tenThousandths() / unita;
     const std::int64_t resto = v.tenThousandths() % unita;
     const std::int64_t doppio = 2 * (resto < 0 ? -resto : resto);
-    if (doppio > unita || (doppio == unita && intero % 2 != 0))
+    if (doppio > unita || (doppio == unita && intero % 2 != 0)) {
         intero += resto < 0 ? -1 : 1;
+    }
     return intero;
 }
 
 template <typename Intero>
 Intero ridotto(std::int64_t n)
 {
-    if (n < std::numeric_limits<Intero>::min() || n > std::numeric_limits<Intero>::max())
+    if (n < std::numeric_limits<Intero>::min() || n > std::numeric_limits<Intero>::max()) {
         troppoGrande();
+    }
     return static_cast<Intero>(n);
 }
 
@@ -92,12 +96,14 @@ struct Importo {
 // ASCII letters do: the words are known.
 bool ugualeSenzaMaiuscole(std::string_view testo, std::string_view minuscolo)
 {
-    if (testo.size() != minuscolo.size())
+    if (testo.size() != minuscolo.size()) {
         return false;
+    }
     for (std::size_t i = 0; i < testo.size(); ++i) {
         const char c = testo[i] >= 'A' && testo[i] <= 'Z' ? static_cast<char>(testo[i] - 'A' + 'a') : testo[i];
-        if (c != minuscolo[i])
+        if (c != minuscolo[i]) {
             return false;
+        }
     }
     return true;
 }
@@ -111,10 +117,12 @@ struct Logico {
     bool operator()(Date v) const { return v.dayNumber() != 0; }
     bool operator()(const std::string& v) const
     {
-        if (ugualeSenzaMaiuscole(v, "true") || ugualeSenzaMaiuscole(v, "vero"))
+        if (ugualeSenzaMaiuscole(v, "true") || ugualeSenzaMaiuscole(v, "vero")) {
             return true;
-        if (ugualeSenzaMaiuscole(v, "false") || ugualeSenzaMaiuscole(v, "falso"))
+        }
+        if (ugualeSenzaMaiuscole(v, "false") || ugualeSenzaMaiuscole(v, "falso")) {
             return false;
+        }
         return bravona::toDouble(v) != 0;
     }
 };
@@ -158,13 +166,16 @@ Currency Value::toCurrency() const
 
 Date Value::toDate() const
 {
-    if (const auto* data = std::get_if<Date>(&v_))
+    if (const auto* data = std::get_if<Date>(&v_)) {
         return *data;
-    if (const auto* testo = std::get_if<std::string>(&v_))
+    }
+    if (const auto* testo = std::get_if<std::string>(&v_)) {
         return bravona::toDate(*testo);
+    }
     const double giorni = std::trunc(toDouble());
-    if (!(giorni >= Date::first.dayNumber() && giorni <= Date::last.dayNumber()))
+    if (!(giorni >= Date::first.dayNumber() && giorni <= Date::last.dayNumber())) {
         troppoGrande();
+    }
     return Date::fromDayNumber(static_cast<std::int32_t>(giorni));
 }
 
