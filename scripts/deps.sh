@@ -10,7 +10,7 @@ packages=(
     g++ cmake ninja-build ccache pkg-config python3   # building
     libsqlcipher-dev libicu-dev qt6-base-dev          # what the program stands on
     fonts-liberation2                                 # the face of the printed pages
-    libgtest-dev libgmock-dev libbenchmark-dev        # tests and benchmarks
+    libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev   # tests and benchmarks
     clang-format git                                  # the check of the formatting
 )
 for option in "$@"; do
