@@ -1,0 +1,65 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "printing/Disegno.h"
+
+namespace bravona {
+
+// What the four document designs share. All heights in millimetres; the sheet is A4 with the margins of
+// `DocumentoVuoto`, 190 wide inside them.
+
+inline constexpr double larghezzaUtile = 190;
+inline constexpr double altezzaUtile = 281;   // 297 less the margins
+inline constexpr double altezzaTestata = 87;  // section "H", the column headings included
+
+// The words in which the designs differ above their rows.
+struct Testata {
+    std::string nomeTitolo;  // control of the title
+    std::string titolo;
+    std::string numero;         // caption of the number
+    std::string pagina;         // page token
+    std::string nomeProvincia;  // label of the firm's province; empty: none
+    bool registro = false;
+    bool pagamento = false;
+};
+
+// Section "H" down to the column headings: logo or company block, title, number, date, page, customer, destination, tax
+// numbers.
+void DisegnaTestata(Report& report, const Testata& testata);
+
+// The firm's province is no part of what a logo replaces: it goes beside the register.
+void SpostaProvincia(ReportSection& testata);
+
+struct Colonna {
+    std::string etichetta;  // control of the heading
+    std::string testo;
+    double larghezza;
+    Align intestazione;
+    Align allineamento;
+    std::vector<std::string> colonne;  // bound columns that share it
+    double minimo = 6.5;               // size to which its text may shrink
+};
+
+// Headings in "H" and rows in "D", with their rules. `altezzaRiga` times `righe` must leave room for the footer.
+void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe, double altezzaRiga, double punti);
+
+// Blocks of section "F", each from a height on; they return the height behind them.
+double DisegnaRiepilogoETotali(ReportSection& piede, double y, const std::string& nomeTotale,
+                               const std::string& titoloTotale);
+double DisegnaTrasporto(ReportSection& piede, double y, int vettori);
+struct Firme {
+    std::string nomeVariazioni, variazioni;
+    double altezza = 12;
+};
+double DisegnaFirme(ReportSection& piede, double y, const Firme& firme);
+void DisegnaSegue(ReportSection& piede, double y);
+
+// Columns and totals of a document with prices.
+struct ParoleRighe {
+    std::string quantita, prezzo, totaleRiga;
+};
+std::vector<Colonna> ColonneFattura(const ParoleRighe& parole);
+
+}  // namespace bravona
