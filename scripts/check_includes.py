@@ -11,14 +11,16 @@ import sys
 BASE = {"platform", "platform/values", "platform/text", "platform/clock", "platform/files", "platform/settings"}
 STORE = BASE | {"platform/store"}
 REPORTS = STORE | {"platform/reports"}
-PLATFORM = REPORTS | {"platform/windowing"}
+WINDOWING = REPORTS | {"platform/windowing"}
+PLATFORM = WINDOWING | {"platform/preview"}
 SUBSYSTEMS = ["schema", "session", "printing", "masterdata", "duedates", "documents", "warehouse"]
 
 # What each folder may include, itself among it.
 ALLOWED = {folder: BASE for folder in BASE}
 ALLOWED["platform/store"] = STORE
 ALLOWED["platform/reports"] = REPORTS
-ALLOWED["platform/windowing"] = PLATFORM
+ALLOWED["platform/windowing"] = WINDOWING
+ALLOWED["platform/preview"] = PLATFORM
 ALLOWED["platform/qt"] = PLATFORM | {"platform/qt"}
 for position, subsystem in enumerate(SUBSYSTEMS):
     ALLOWED[subsystem] = PLATFORM | set(SUBSYSTEMS[: position + 1])

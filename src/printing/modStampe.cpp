@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "platform/reports/frmAnteprima.h"
+#include "platform/preview/frmAnteprima.h"
 #include "platform/text/Text.h"
 #include "platform/values/Errore.h"
 #include "printing/DisegnoDocumento.h"

@@ -47,8 +47,8 @@ private:
     std::string suggestedName_;
 };
 
-// Shows pages in a preview of their own. Modal, it returns when the preview has been closed. Over a modal window every
-// preview is modal: it belongs to the screen that asked for it.
+// Shows pages in a preview of their own. Modal, it returns when the preview has been closed; otherwise the preview
+// belongs to the modal screen that asked for it, if there is one.
 void mostraAnteprima(Desktop& desktop, const std::string& title, Pages pages, const std::string& suggestedName,
                      bool modal);
 

@@ -1,4 +1,4 @@
-#include "platform/reports/frmAnteprima.h"
+#include "platform/preview/frmAnteprima.h"
 
 #include <algorithm>
 #include <array>
@@ -258,11 +258,9 @@ void frmAnteprima::onKeyDown(KeyEvent& event)
 void mostraAnteprima(Desktop& desktop, const std::string& title, Pages pages, const std::string& suggestedName,
                      bool modal)
 {
-    const Form* davanti = desktop.front();
-    const bool sopraModale = davanti != nullptr && davanti->modal();
     Form& anteprima =
         desktop.screens().adopt(std::make_unique<frmAnteprima>(desktop, title, std::move(pages), suggestedName));
-    if (modal || sopraModale) {
+    if (modal) {
         anteprima.showModal();
     } else {
         anteprima.show();
