@@ -1,5 +1,9 @@
 #include "program/Programma.h"
 
+#include "documents/frmDettagliIVA.h"
+#include "documents/frmEmissioneDocumento.h"
+#include "documents/frmSelezioneDocumento.h"
+#include "documents/frmZoomDescrizione.h"
 #include "masterdata/clsTabellaCodiciIVA.h"
 #include "masterdata/frmCodiciIva.h"
 #include "masterdata/frmInserimentoCodiceIva.h"
@@ -51,6 +55,11 @@ void Programma::registraSchermate()
     registra<frmSelezioneRecord>(sessione_, "frmSelezioneRecord");
     registra<frmSelezioneArticolo>(sessione_, "frmSelezioneArticolo");
     registra<frmSelezioneDestinazione>(sessione_, "frmSelezioneDestinazione");
+
+    registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
+    registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
+    registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
+    registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
 }
 
 void Programma::avvia()

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/windowing/Fields.h"
+#include "platform/windowing/Layout.h"
+#include "platform/windowing/Lists.h"
+#include "platform/windowing/Parts.h"
+
+namespace bravona {
+
+// Transport data and notes of a document, shared by the document screens.
+class BloccoTrasporto {
+public:
+    BloccoTrasporto();
+
+    Frame fraNote{"Note"};
+    TextBox txtNoteGeneriche{60};
+    Frame fraSpedizioneAMezzo{"Spedizione"};
+    ComboBox cmbCausaleTrasporto;
+    ComboBox cmbSpedizione;
+    Frame fraVettore{"Vettore"};
+    TextBox txtVettore{40};
+    Frame fraPorto{"Porto"};
+    ComboBox cmbPorto;
+    Frame fraColli{"Colli"};
+    TextBox txtPeso{10};
+    ComboBox txtColliAspetto{true};
+    TextBox txtColliNumero{8};
+
+    void inizializza();
+    void abilita(bool abilitati);  // all its frames
+    void registra(const std::function<void(const std::string&, Control&, int)>& aggiungi);
+    [[nodiscard]] Layout layout();
+};
+
+}  // namespace bravona
