@@ -115,7 +115,7 @@ void DriveList::setDrive(const std::string& drive)
         return;
     }
     std::error_code failure;
-    if (!fs::is_directory(place, failure)) {
+    if (std::find(drives_.begin(), drives_.end(), place) == drives_.end() && !fs::is_directory(place, failure)) {
         throw Errore(errori::unitaNonPronta, "Unità non pronta: " + drive);
     }
     drive_ = place;

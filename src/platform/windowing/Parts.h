@@ -108,7 +108,8 @@ public:
     [[nodiscard]] const std::vector<std::string>& drives() const { return drives_; }
     void refresh();
     [[nodiscard]] const std::string& drive() const { return drive_; }
-    void setDrive(const std::string& drive);  // raises `onChange`; Errore 71 when it cannot be read
+    void setDrive(
+        const std::string& drive);  // raises `onChange`; Errore 71 for a place that is neither listed nor there
     [[nodiscard]] std::string shownText() const override { return drive_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
