@@ -12,9 +12,9 @@ constexpr std::size_t caratteriDelNome = 19;
 frmAbout::frmAbout(Sessione& sessione)
     : Form(sessione.desktop(), "frmAbout", "Informazioni su Bravona", WindowStyle::dialog)
 {
-    picIcona.boxWidth = 64;
-    picIcona.boxHeight = 64;
-    picIcona.load("icona");
+    picIcona.boxWidth = 128;
+    picIcona.boxHeight = 128;
+    picIcona.load("bravona");
     lbl2000.setCaption(right(nomeProdotto, caratteriDelNome));
     lbl2000.style = TextStyle::grand;
     lblProgramVersion.setCaption("Versione " + std::to_string(versioneProgramma.maggiore) + "." +

@@ -6,20 +6,27 @@ namespace bravona {
 
 frmSplash::frmSplash(Sessione& sessione) : Form(sessione.desktop(), "frmSplash", "Bravona", WindowStyle::splash)
 {
-    picSplash.boxWidth = 480;
-    picSplash.boxHeight = 270;
-    picSplash.setAccessibleName("Bravona");
-    picSplash.onDblClick = [this] { unload(); };
+    picSplash.boxWidth = 128;
+    picSplash.boxHeight = 128;
+    picSplash.load("bravona");
+    lblNome.style = TextStyle::grand;
+    lblVersione.setCaption("Versione " + testoVersione());
+    lblVersione.style = TextStyle::hint;
+    for (Control* controllo : std::initializer_list<Control*>{&picSplash, &lblNome, &lblVersione}) {
+        controllo->onDblClick = [this] { unload(); };
+    }
     Timer1.onTimer = [this] { unload(); };
     timers.push_back(&Timer1);
 
     add("picSplash", picSplash);
-    setLayout(layout::of(picSplash));
+    add("lblNome", lblNome);
+    add("lblVersione", lblVersione);
+    setLayout(layout::row({layout::of(picSplash), layout::column({layout::stretch(), layout::of(lblNome),
+                                                                  layout::of(lblVersione), layout::stretch()})}));
 }
 
 void frmSplash::onLoad()
 {
-    picSplash.load("splash");
     CentraFinestra(*this, true);
     Timer1.start(durata);
     desktop().timersChanged(*this);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/windowing/Fields.h"
 #include "platform/windowing/Form.h"
 #include "platform/windowing/Parts.h"
 #include "session/Sessione.h"
@@ -13,6 +14,8 @@ public:
     explicit frmSplash(Sessione& sessione);
 
     PictureBox picSplash;
+    Label lblNome{"Bravona"};
+    Label lblVersione;
     Timer Timer1;
 
     void onLoad() override;
