@@ -23,8 +23,6 @@ namespace bravona {
 
 namespace {
 
-constexpr int uscitaPerErrore = 1;
-
 template <class Schermata>
 void registra(Sessione& sessione, const char* nome)
 {
@@ -62,20 +60,16 @@ void Programma::registraSchermate()
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
 }
 
+Programma::~Programma()
+{
+    // The screens refer to the session.
+    sessione_.schermate().clear();
+    sessione_.desktop().setTransactionProbe({}, {});
+}
+
 void Programma::avvia()
 {
-    Desktop& desktop = sessione_.desktop();
-    try {
-        sequenzaDiAvvio();
-    } catch (const FineProcesso& fine) {
-        desktop.end(fine.status);
-    } catch (const Errore& errore) {
-        if (sessione_.cn.inTransaction()) {
-            sessione_.cn.rollback();
-        }
-        desktop.report(errore);
-        desktop.end(uscitaPerErrore);
-    }
+    sessione_.desktop().guardStart([this] { sequenzaDiAvvio(); });
 }
 
 void Programma::sequenzaDiAvvio()

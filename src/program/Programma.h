@@ -8,6 +8,9 @@ namespace bravona {
 class Programma {
 public:
     explicit Programma(Ambiente ambiente);
+    ~Programma();
+    Programma(const Programma&) = delete;
+    Programma& operator=(const Programma&) = delete;
     // The start sequence, up to the main window on the screen. A failure that nothing caught, and every deliberate end,
     // leaves the desktop ended with its status.
     void avvia();

@@ -289,10 +289,12 @@ void Desktop::guarded(const std::function<void()>& entry, bool fatal)
             // The rolling back itself was refused: the store does it when it closes.
             end(1);
         }
-        if (fatal) {
+        if (starting_) {
             end(1);
         }
     };
+    const bool startedBefore = starting_;
+    starting_ = starting_ || fatal;
     ++depth_;
     const auto run = [&](const std::function<void()>& what) {
         try {
@@ -310,6 +312,7 @@ void Desktop::guarded(const std::function<void()>& entry, bool fatal)
         run([this] { settle(); });
     }
     --depth_;
+    starting_ = startedBefore;
     if (depth_ == 0) {
         screens_.sweep();
     }

@@ -97,7 +97,8 @@ public:
     // what the command opened, is reported, and the program goes on; FineProcesso ends the process. Afterwards the
     // focus leaves a control that was disabled or hidden meanwhile, and unloaded screens are destroyed.
     void guard(const std::function<void()>& entry);
-    // The same for the start sequence: a failure is reported and ends the process with status 1.
+    // The same for the start sequence: a failure, its own or that of a screen shown meanwhile, is reported and ends the
+    // process with status 1.
     void guardStart(const std::function<void()>& entry);
     // How the guard sees and undoes a transaction that a failed command left open.
     void setTransactionProbe(std::function<bool()> inTransaction, std::function<void()> rollback);
@@ -138,6 +139,7 @@ private:
     std::function<bool()> inTransaction_;
     std::function<void()> rollback_;
     int depth_ = 0;  // of entries
+    bool starting_ = false;
     bool ended_ = false;
     bool leaving_ = false;  // the main window is closing: no other window opens
     int exitStatus_ = 0;
