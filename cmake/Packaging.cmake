@@ -1,0 +1,27 @@
+# Installation, and a Debian package of it: cpack --config build/release/CPackConfig.cmake
+
+set(packaging ${CMAKE_SOURCE_DIR}/packaging)
+if(TARGET bravona)
+    install(TARGETS bravona RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(DIRECTORY ${BRAVONA_SHARE}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bravona OPTIONAL)
+    install(FILES ${packaging}/bravona.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+    install(FILES ${packaging}/bravona.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    install(FILES ${packaging}/bravona.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES ${packaging}/icons/bravona.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+    foreach(size 16 32 48 64 128 256 512)
+        install(FILES ${packaging}/icons/bravona-${size}.png
+                DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps RENAME bravona.png)
+    endforeach()
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME bravona)
+set(CPACK_PACKAGE_CONTACT "Bravona maintainers <maintainers@bravona.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "invoicing and stock-keeping for a small Italian firm")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation2 | fonts-liberation")
+include(CPack)
