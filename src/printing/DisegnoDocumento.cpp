@@ -166,6 +166,8 @@ void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe
     testata.controls.push_back(cornice);
     cornice.height = altezza;
     testata.controls.push_back(cornice);
+    // The foot of the frame, over the hair line of the last row.
+    report["F"].controls.push_back(Filo(0, 0, larghezzaUtile, 0));
     // The page of the row: part of it, but not for the reader.
     ReportControl pagina = Campo("IDdb", Posto{0, 0, 10, altezzaRiga}, Stile{punti});
     pagina.visible = false;

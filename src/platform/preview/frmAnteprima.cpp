@@ -99,7 +99,6 @@ void frmAnteprima::disponi()
 
 void frmAnteprima::onLoad()
 {
-    cmbZoom.selectByData(pvwPagine.zoom());
     lblDi.setCaption("di " + std::to_string(numeroPagine()));
     MostraPagina();
     pvwPagine.setFocus();
@@ -115,6 +114,9 @@ void frmAnteprima::MostraPagina()
     const int pagina = pvwPagine.page();
     const int ultima = numeroPagine() - 1;
     txtPagina.setText(std::to_string(ultima < 0 ? 0 : pagina + 1));
+    if (!cmbZoom.selectByData(pvwPagine.zoom())) {
+        cmbZoom.setText(std::to_string(pvwPagine.zoom()) + " %");  // reached by the wheel
+    }
     // A button that is about to grey out hands the focus on.
     const Control* fuoco = focusedControl();
     if ((pagina <= 0 && (fuoco == &cmdPrima || fuoco == &cmdPrecedente)) ||
@@ -140,9 +142,15 @@ void frmAnteprima::VaiAPaginaScritta()
 void frmAnteprima::CambiaZoom(int passi)
 {
     const int attuale = pvwPagine.zoom() > 0 ? pvwPagine.zoom() : 100;
-    const auto scelta = std::find(percentuali.begin(), percentuali.end(), attuale);
-    const auto posizione = std::clamp<std::ptrdiff_t>(scelta - percentuali.begin() + passi, 0, percentuali.size() - 1);
-    cmbZoom.selectByData(percentuali[static_cast<std::size_t>(posizione)]);
+    auto scelta = std::lower_bound(percentuali.begin(), percentuali.end(), attuale);
+    if (passi > 0) {
+        scelta = std::upper_bound(percentuali.begin(), percentuali.end(), attuale);
+    } else if (scelta != percentuali.begin()) {
+        --scelta;
+    }
+    if (scelta != percentuali.end()) {
+        pvwPagine.setZoom(*scelta);
+    }
 }
 
 void frmAnteprima::Cerca()

@@ -64,15 +64,21 @@ int advance(char32_t character, bool bold)
     return unitsPerEm;  // another face will draw it: room enough for any letter
 }
 
-std::int64_t units(std::string_view text, bool bold)
+struct Measured {
+    std::int64_t units = 0;
+    bool plain = true;  // nothing in it that prints as a blank
+};
+
+Measured measure(std::string_view text, bool bold)
 {
-    std::int64_t sum = 0;
+    Measured measured;
     while (!text.empty()) {
         const auto [character, bytes] = decode(text);
-        sum += advance(character, bold);
+        measured.units += advance(character, bold);
+        measured.plain = measured.plain && !isControl(character);
         text.remove_prefix(bytes);
     }
-    return sum;
+    return measured;
 }
 
 double toTwips(std::int64_t faceUnits, double points)
@@ -104,17 +110,19 @@ std::string withoutBreaks(std::string_view text)
 
 int textWidth(std::string_view text, double points, bool bold)
 {
-    return static_cast<int>(std::ceil(toTwips(units(text, bold), points)));
+    return static_cast<int>(std::ceil(toTwips(measure(text, bold).units, points)));
 }
 
 std::string fitText(std::string_view text, int width, double points, bool bold)
 {
-    std::string line = withoutBreaks(text);
-    if (textWidth(line, points, bold) <= width) {
+    const Measured measured = measure(text, bold);
+    std::string line = measured.plain ? std::string(text) : withoutBreaks(text);
+    if (std::ceil(toTwips(measured.units, points)) <= width ||
+        (!measured.plain && textWidth(line, points, bold) <= width)) {
         return line;
     }
-    const std::int64_t room =
-        static_cast<std::int64_t>(width * unitsPerEm / (points * twipsPerPoint)) - units(ellipsis, bold);
+    const auto room =
+        static_cast<std::int64_t>(width * unitsPerEm / (points * twipsPerPoint)) - measure(ellipsis, bold).units;
     if (room < 0) {
         return {};
     }

@@ -150,6 +150,9 @@ void PageView::setZoom(int zoom)
     if (zoom != zoom_) {
         zoom_ = zoom;
         notify(Aspect::value);
+        if (onChange) {
+            onChange();
+        }
     }
 }
 

@@ -162,9 +162,9 @@ public:
     void setPages(std::shared_ptr<const Pages> pages);
     [[nodiscard]] const std::shared_ptr<const Pages>& pages() const { return pages_; }
     [[nodiscard]] int page() const { return page_; }  // from 0
-    void setPage(int page);                           // clamped; raises `onChange`
+    void setPage(int page);                           // clamped; raises `onChange` when it differs
     [[nodiscard]] int zoom() const { return zoom_; }  // percent, or fitWidth, fitPage
-    void setZoom(int zoom);
+    void setZoom(int zoom); // raises `onChange` when it differs
     void setSearch(std::string text);  // marks its places on the page; empty: none
     [[nodiscard]] const std::string& search() const { return search_; }
     [[nodiscard]] bool focusable() const override { return true; }
