@@ -1,4 +1,4 @@
-#include "DocumentoDiProva.h"
+#include "printing/DocumentoDiProva.h"
 
 namespace bravona {
 
