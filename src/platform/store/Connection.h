@@ -11,24 +11,24 @@
 namespace bravona {
 
 enum class OpenMode {
-    readOnly,  // static
-    updatable, // changes sent by `update`
-    batch      // changes kept until `updateBatch`
+    readOnly,   // static
+    updatable,  // changes sent by `update`
+    batch       // changes kept until `updateBatch`
 };
 
 // The one door to the archive: a password-protected file of the engine. Statements are written in the program's own
-// dialect and translated; one statement a call. Failures are Errore: 3021, 3022, 3200, 3315, 3061 (unknown name), 3075 (not
-// understood, with its place), 3031 (wrong password or no archive), 3035 (the engine's), 3044 (no such path), 3051 (cannot be
-// opened), 61 (no room) …
+// dialect and translated; one statement a call. Failures are Errore: 3021, 3022, 3200, 3315, 3061 (unknown name), 3075
+// (not understood, with its place), 3031 (wrong password or no archive), 3035 (the engine's), 3044 (no such path), 3051
+// (cannot be opened), 61 (no room) …
 class Connection {
 public:
     Connection();
-    ~Connection(); // closes; an open transaction is rolled back
+    ~Connection();  // closes; an open transaction is rolled back
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Opens an existing archive. A journal left by a kill is rolled back here. Errore 3044 missing, 3031 wrong password or not
-    // an archive (the engine cannot tell them apart), 3051 a directory or unreadable file.
+    // Opens an existing archive. A journal left by a kill is rolled back here. Errore 3044 missing, 3031 wrong password
+    // or not an archive (the engine cannot tell them apart), 3051 a directory or unreadable file.
     void open(const std::string& path, std::string_view password);
     // Makes a new, empty file (no tables). Errore when it exists.
     void create(const std::string& path, std::string_view password);
@@ -38,10 +38,13 @@ public:
 
     // Runs a statement that returns no rows; the number of rows touched.
     std::int64_t execute(std::string_view statement);
-    // A SELECT, a "SHAPE {…} APPEND ({…} RELATE a TO b) AS Child", or the name of a table (opened updatable unless readOnly is
-    // asked: no rows are read until one is asked for, in key order).
+    // A SELECT, a "SHAPE {…} APPEND ({…} RELATE a TO b) AS Child", or the name of a table (opened updatable unless
+    // readOnly is asked: no rows are read until one is asked for, in key order).
     Recordset open(std::string_view statement, OpenMode mode = OpenMode::readOnly);
     Recordset openTable(std::string_view table, OpenMode mode = OpenMode::updatable);
+
+    // The engine's words for a statement of the dialect, to look at.
+    std::string translated(std::string_view statement);
 
     // Transactions do not nest: Errore 3246 to begin inside one, 3034 to commit or roll back without one.
     void begin();
@@ -59,7 +62,7 @@ public:
     Impl& impl();
 
 private:
-    std::unique_ptr<Impl> impl_;
+    std::shared_ptr<Impl> impl_;  // sets that are still open see when it goes
 };
 
 // Rolls back when its scope ends without `commit`.
@@ -76,4 +79,4 @@ private:
     bool open_ = true;
 };
 
-} // namespace bravona
+}  // namespace bravona

@@ -1,0 +1,172 @@
+#include "platform/store/ExpressionFunctions.h"
+#include "platform/store/ExpressionKinds.h"
+#include "platform/store/ExpressionWriter.h"
+
+namespace bravona {
+namespace {
+
+constexpr std::size_t longestWhole = 18;  // digits that surely fit 64 bits
+
+FieldType literalType(const LiteralToken& l)
+{
+    switch (l.kind) {
+    case LiteralKind::text:
+        return FieldType::text;
+    case LiteralKind::date:
+        return FieldType::date;
+    case LiteralKind::number:
+        break;
+    }
+    return l.raw.size() <= longestWhole && l.raw.find_first_of(".eE") == std::string_view::npos ? FieldType::longInt
+                                                                                                : FieldType::dbl;
+}
+
+}  // namespace
+
+void ExpressionWriter::analyse(Expr& e, const Scope& scope)
+{
+    if (e.kind == ExprKind::column) {
+        resolveColumn(e, scope, tokens_);
+        return;
+    }
+    for (const ExprPtr& operand : e.operands) {
+        analyse(*operand, scope);
+    }
+    if (e.select) {
+        analyseSelect(*e.select, &scope);
+    }
+    switch (e.kind) {
+    case ExprKind::literal:
+        e.type = literalType(literalOf(e));
+        break;
+    case ExprKind::null:
+        e.type = FieldType::longInt;
+        break;
+    case ExprKind::related:  // told beforehand
+        break;
+    case ExprKind::negate:
+        if (!isNumber(*e.operands[0]) && !isNull(*e.operands[0])) {
+            fail(3464, e.position, "il segno meno vuole un numero");
+        }
+        e.type = e.operands[0]->type;
+        e.exact = e.operands[0]->exact;
+        break;
+    case ExprKind::arithmetic:
+        analyseArithmetic(e);
+        break;
+    case ExprKind::logicalNot:
+    case ExprKind::logicalAnd:
+    case ExprKind::logicalOr:
+        for (const ExprPtr& operand : e.operands) {
+            needCondition(*operand);
+        }
+        e.type = FieldType::yesNo;
+        break;
+    case ExprKind::call:
+        analyseCall(e);
+        break;
+    case ExprKind::subquery: {
+        const Expr* item = e.select->items.size() == 1 ? e.select->items.front().expr.get() : nullptr;
+        if (item == nullptr) {
+            fail(3075, e.position, "attesa una sola colonna");
+        }
+        // A sub-select hands over what a result does: rounded amounts.
+        e.type = item->type;
+        break;
+    }
+    case ExprKind::in:
+        if (e.select && (e.select->items.size() != 1 || !e.select->items.front().expr)) {
+            fail(3075, e.position, "attesa una sola colonna");
+        }
+        e.type = FieldType::yesNo;
+        break;
+    default:
+        e.type = FieldType::yesNo;
+        break;
+    }
+}
+
+void ExpressionWriter::needCondition(const Expr& e) const
+{
+    if (e.type == FieldType::text || e.type == FieldType::date || isMoney(e)) {
+        fail(3464, e.position, "attesa una condizione");
+    }
+}
+
+void ExpressionWriter::analyseArithmetic(Expr& e) const
+{
+    const Expr& a = *e.operands[0];
+    const Expr& b = *e.operands[1];
+    if (isNull(a) || isNull(b)) {
+        e.type = isNull(a) ? b.type : a.type;
+        e.exact = isMoney(a) || isMoney(b);
+        return;
+    }
+    const bool dates = a.type == FieldType::date || b.type == FieldType::date;
+    if (dates) {
+        const bool difference = a.type == FieldType::date && b.type == FieldType::date && e.symbol == '-';
+        const bool shift = a.type == FieldType::date && isWhole(b) && (e.symbol == '-' || e.symbol == '+');
+        if (!difference && !shift) {
+            fail(3464, e.position, "una data non si calcola così");
+        }
+        e.type = difference ? FieldType::longInt : FieldType::date;
+        return;
+    }
+    if (!isNumber(a) || !isNumber(b)) {
+        fail(3464, e.position, "il calcolo vuole numeri");
+    }
+    if (isMoney(a) || isMoney(b)) {
+        const auto keepsMoney = [](const Expr& x) { return x.type != FieldType::dbl || isLiteral(x); };
+        e.type = e.symbol != '/' && keepsMoney(a) && keepsMoney(b) ? FieldType::currency : FieldType::dbl;
+        const bool sumOfScaled = (e.symbol == '+' || e.symbol == '-') && isScaled(a) && isScaled(b);
+        e.exact = !sumOfScaled;
+        return;
+    }
+    const bool real = e.symbol == '/' || a.type == FieldType::dbl || b.type == FieldType::dbl;
+    e.type = real ? FieldType::dbl : FieldType::longInt;
+}
+
+void ExpressionWriter::analyseCall(Expr& e)
+{
+    const ExpressionFunction* f = findExpressionFunction(e.name);
+    if (f == nullptr) {
+        fail(3075, e.position, "la funzione non è conosciuta");
+    }
+    const bool countAll = e.star && f->id == FunctionId::count;
+    if ((e.star && !countAll) || (!e.star && (e.operands.size() < f->least || e.operands.size() > f->most))) {
+        fail(3075, e.position, "numero di argomenti non valido");
+    }
+    e.type = f->result;
+    e.exact = false;
+    const Expr* first = e.operands.empty() ? nullptr : e.operands[0].get();
+    switch (f->id) {
+    case FunctionId::max:
+    case FunctionId::min:
+        e.type = first->type;
+        break;
+    case FunctionId::sum:
+    case FunctionId::avg:
+    case FunctionId::abs:
+        if (!isNumber(*first)) {
+            fail(3464, e.position, "la funzione vuole un numero");
+        }
+        e.exact = isMoney(*first) && (f->id == FunctionId::avg || first->exact);
+        e.type = f->id == FunctionId::avg && !isMoney(*first) ? FieldType::dbl : first->type;
+        break;
+    case FunctionId::iif:
+        needCondition(*first);
+        e.type = isNull(*e.operands[1]) ? e.operands[2]->type : e.operands[1]->type;
+        break;
+    case FunctionId::month:
+    case FunctionId::year:
+    case FunctionId::day:
+        if (first->type != FieldType::date && !isLiteral(*first) && !isNull(*first)) {
+            fail(3464, e.position, "la funzione vuole una data");
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+}  // namespace bravona
