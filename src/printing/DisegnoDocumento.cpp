@@ -41,7 +41,7 @@ void DisegnaAzienda(ReportSection& testata, const std::string& nomeProvincia)
     controlli.push_back(Campo("Text20", "azPartitaIva", {12, 25.8, larghezza - 12, 4.2}, {9, 6}));
 }
 
-void DisegnaTitolo(ReportSection& sezione, const Testata& testata)
+void DisegnaTitolo(ReportSection& sezione, const ParoleTestata& testata)
 {
     auto& controlli = sezione.controls;
     controlli.push_back(
@@ -109,7 +109,7 @@ void DisegnaDatiCliente(ReportSection& testata, bool pagamento)
 
 }  // namespace
 
-void DisegnaTestata(Report& report, const Testata& testata)
+void DisegnaTestata(Report& report, const ParoleTestata& testata)
 {
     ReportSection& sezione = report["H"];
     sezione.height = mm(altezzaTestata);
@@ -132,7 +132,7 @@ void SpostaProvincia(ReportSection& testata)
     }
 }
 
-void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe, double altezzaRiga, double punti)
+void DisegnaRighe(Report& report, const std::vector<ColonnaRighe>& colonne, int righe, double altezzaRiga, double punti)
 {
     ReportSection& testata = report["H"];
     ReportSection& dettaglio = report["D"];
@@ -140,7 +140,7 @@ void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe
     const double y = altezzaTestata - altezzaIntestazioni;
     const int altezza = mm(altezzaIntestazioni) + righe * dettaglio.height;
     double x = 0;
-    for (const Colonna& colonna : colonne) {
+    for (const ColonnaRighe& colonna : colonne) {
         testata.controls.push_back(Intestazione(colonna.etichetta, colonna.testo,
                                                 {x, y, colonna.larghezza, altezzaIntestazioni}, colonna.intestazione));
         const double parte = colonna.larghezza / static_cast<double>(colonna.colonne.size());
@@ -154,7 +154,7 @@ void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe
     }
     // Rules over the headings and all rows, in one stroke each.
     x = 0;
-    for (const Colonna& colonna : colonne) {
+    for (const ColonnaRighe& colonna : colonne) {
         if (x > 0) {
             ReportControl filo = Filo(x, y, 0, 0);
             filo.height = altezza;
@@ -268,7 +268,7 @@ double DisegnaTrasporto(ReportSection& piede, double y, int vettori)
     return y;
 }
 
-double DisegnaFirme(ReportSection& piede, double y, const Firme& firme)
+double DisegnaFirme(ReportSection& piede, double y, const ParoleFirme& firme)
 {
     Casella(piede, firme.nomeVariazioni, firme.variazioni, {0, y, 90, firme.altezza});
     Casella(piede, "lblFirmaConducente", "Firma conducente", {90, y, 50, firme.altezza});
@@ -282,7 +282,7 @@ void DisegnaSegue(ReportSection& piede, double y)
     piede.height = mm(y + 5.6);
 }
 
-std::vector<Colonna> ColonneFattura(const ParoleRighe& parole)
+std::vector<ColonnaRighe> ColonneFattura(const ParoleRighe& parole)
 {
     return {
         {"Label13", " Codice articolo", 25, Align::left, Align::left, {"CodiceArticolo"}, 5.5},

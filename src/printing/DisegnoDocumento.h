@@ -15,7 +15,7 @@ inline constexpr double altezzaUtile = 281;   // 297 less the margins
 inline constexpr double altezzaTestata = 87;  // section "H", the column headings included
 
 // The words in which the designs differ above their rows.
-struct Testata {
+struct ParoleTestata {
     std::string nomeTitolo;  // control of the title
     std::string titolo;
     std::string numero;         // caption of the number
@@ -27,12 +27,12 @@ struct Testata {
 
 // Section "H" down to the column headings: logo or company block, title, number, date, page, customer, destination, tax
 // numbers.
-void DisegnaTestata(Report& report, const Testata& testata);
+void DisegnaTestata(Report& report, const ParoleTestata& testata);
 
 // The firm's province is no part of what a logo replaces: it goes beside the register.
 void SpostaProvincia(ReportSection& testata);
 
-struct Colonna {
+struct ColonnaRighe {
     std::string etichetta;  // control of the heading
     std::string testo;
     double larghezza;
@@ -43,23 +43,24 @@ struct Colonna {
 };
 
 // Headings in "H" and rows in "D", with their rules. `altezzaRiga` times `righe` must leave room for the footer.
-void DisegnaRighe(Report& report, const std::vector<Colonna>& colonne, int righe, double altezzaRiga, double punti);
+void DisegnaRighe(Report& report, const std::vector<ColonnaRighe>& colonne, int righe, double altezzaRiga,
+                  double punti);
 
 // Blocks of section "F", each from a height on; they return the height behind them.
 double DisegnaRiepilogoETotali(ReportSection& piede, double y, const std::string& nomeTotale,
                                const std::string& titoloTotale);
 double DisegnaTrasporto(ReportSection& piede, double y, int vettori);
-struct Firme {
+struct ParoleFirme {
     std::string nomeVariazioni, variazioni;
     double altezza = 12;
 };
-double DisegnaFirme(ReportSection& piede, double y, const Firme& firme);
+double DisegnaFirme(ReportSection& piede, double y, const ParoleFirme& firme);
 void DisegnaSegue(ReportSection& piede, double y);
 
 // Columns and totals of a document with prices.
 struct ParoleRighe {
     std::string quantita, prezzo, totaleRiga;
 };
-std::vector<Colonna> ColonneFattura(const ParoleRighe& parole);
+std::vector<ColonnaRighe> ColonneFattura(const ParoleRighe& parole);
 
 }  // namespace bravona

@@ -7,7 +7,7 @@ namespace bravona {
 Report arptDDTvb()
 {
     Report report = DocumentoVuoto("arptDDTvb", "Bravona - Anteprima DDT");
-    Testata testata;
+    ParoleTestata testata;
     testata.nomeTitolo = "Label5";
     testata.titolo = "DOCUMENTO DI TRASPORTO";
     testata.numero = "N. Documento";

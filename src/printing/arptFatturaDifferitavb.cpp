@@ -7,7 +7,7 @@ namespace bravona {
 Report arptFatturaDifferitavb()
 {
     Report report = DocumentoVuoto("arptFatturaDifferitavb", "Bravona - Anteprima Fattura");
-    Testata testata;
+    ParoleTestata testata;
     testata.nomeTitolo = "lblTitolo";
     testata.titolo = "FATTURA";
     testata.numero = "N. Fattura";

@@ -7,7 +7,7 @@ namespace bravona {
 Report arptFatturaImmediatavb()
 {
     Report report = DocumentoVuoto("arptFatturaImmediatavb", "Bravona - Anteprima Fattura");
-    Testata testata;
+    ParoleTestata testata;
     testata.nomeTitolo = "lblTitolo";
     testata.titolo = "FATTURA IMMEDIATA";
     testata.numero = "N. Fattura";

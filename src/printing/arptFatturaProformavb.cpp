@@ -7,7 +7,7 @@ namespace bravona {
 Report arptFatturaProformavb()
 {
     Report report = DocumentoVuoto("arptFatturaProformavb", "Bravona - Anteprima Preventivo di Spesa");
-    Testata testata;
+    ParoleTestata testata;
     testata.nomeTitolo = "Label5";
     testata.titolo = "PREVENTIVO DI SPESA";
     testata.numero = "N. Fattura";

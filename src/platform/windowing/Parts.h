@@ -164,8 +164,8 @@ public:
     [[nodiscard]] int page() const { return page_; }  // from 0
     void setPage(int page);                           // clamped; raises `onChange` when it differs
     [[nodiscard]] int zoom() const { return zoom_; }  // percent, or fitWidth, fitPage
-    void setZoom(int zoom); // raises `onChange` when it differs
-    void setSearch(std::string text);  // marks its places on the page; empty: none
+    void setZoom(int zoom);                           // raises `onChange` when it differs
+    void setSearch(std::string text);                 // marks its places on the page; empty: none
     [[nodiscard]] const std::string& search() const { return search_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
