@@ -60,13 +60,6 @@ void Programma::registraSchermate()
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
 }
 
-Programma::~Programma()
-{
-    // The screens refer to the session.
-    sessione_.schermate().clear();
-    sessione_.desktop().setTransactionProbe({}, {});
-}
-
 void Programma::avvia()
 {
     sessione_.desktop().guardStart([this] { sequenzaDiAvvio(); });

@@ -4,11 +4,11 @@
 
 namespace bravona {
 
-// The composition root: knows every screen, hands them to the registry by name, and runs the start.
+// The composition root: knows every screen, hands them to the registry by name, and runs the start. The screens refer
+// to its session: they go (with the desktop, or by clearing its registry) before it does.
 class Programma {
 public:
     explicit Programma(Ambiente ambiente);
-    ~Programma();
     Programma(const Programma&) = delete;
     Programma& operator=(const Programma&) = delete;
     // The start sequence, up to the main window on the screen. A failure that nothing caught, and every deliberate end,

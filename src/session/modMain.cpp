@@ -4,6 +4,7 @@
 
 #include "platform/text/Text.h"
 #include "platform/values/Numeri.h"
+#include "schema/Schema.h"
 #include "session/frmDialogBox.h"
 
 namespace bravona {

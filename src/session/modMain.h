@@ -12,7 +12,6 @@ namespace bravona {
 // Routines that every screen shares. Failures that a routine does not tell are Errore.
 
 inline constexpr const char* titoloErrore = "Errore - Bravona";
-inline constexpr const char* passwordArchivio = "zelmar";
 // "1.0.0"
 std::string testoVersione();
 
