@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "printing/DocumentoDiProva.h"
+#include "support/DocumentoDiProva.h"
 #include "printing/arptDDTvb.h"
 #include "printing/arptFatturaDifferitavb.h"
 #include "printing/arptFatturaImmediatavb.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/values/Errore.h"
-#include "printing/DocumentoDiProva.h"
+#include "support/DocumentoDiProva.h"
 #include "support/Vettori.h"
 
 namespace bravona {

@@ -11,6 +11,7 @@ namespace bravona {
 namespace {
 
 constexpr int unitsPerEm = 2048;
+constexpr int widestLetter = 2800;  // taken for whatever is not in the table: room enough for any letter
 constexpr double twipsPerPoint = 20.0;
 constexpr std::string_view ellipsis = "…";
 
@@ -61,7 +62,7 @@ int advance(char32_t character, bool bold)
     if (found != detail::signs.end() && found->sign == character) {
         return bold ? found->bold : found->normal;
     }
-    return unitsPerEm;  // another face will draw it: room enough for any letter
+    return widestLetter;
 }
 
 struct Measured {

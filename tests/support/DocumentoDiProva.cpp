@@ -1,4 +1,4 @@
-#include "printing/DocumentoDiProva.h"
+#include "support/DocumentoDiProva.h"
 
 namespace bravona {
 
