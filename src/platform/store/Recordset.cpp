@@ -97,6 +97,16 @@ bool Recordset::bof() const
     return s.cursor < 0 || s.size() == 0;
 }
 
+Value Recordset::valueAt(std::size_t row, std::size_t column) const
+{
+    State& s = opened(state_);
+    s.load();
+    if (row >= s.size() || column >= s.rows->columns()) {
+        throw Errore(errori::indiceFuoriIntervallo, "Indice non incluso nell'intervallo.");
+    }
+    return s.rows->value(s.order[row], column, s.set->columns[column].type);
+}
+
 void Recordset::moveFirst()
 {
     State& s = opened(state_);
