@@ -134,6 +134,7 @@ void GrigliaScadenze::setCols(int colonne)
 void GrigliaScadenze::setLocked(bool bloccata)
 {
     bloccata_ = bloccata;
+    Griglia.setLocked(bloccata);
     if (bloccata)
         chiudiEditor();
     Command1.setEnabled(!bloccata);

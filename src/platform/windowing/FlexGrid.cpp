@@ -157,6 +157,14 @@ void FlexGrid::setCurrent(int row, int col)
     notify(Aspect::selection, at(row));
 }
 
+void FlexGrid::setLocked(bool locked)
+{
+    if (locked_ != locked) {
+        locked_ = locked;
+        notify(Aspect::value);
+    }
+}
+
 void FlexGrid::scrollToBottom()
 {
     notify(Aspect::scroll, rows_.empty() ? 0 : rows_.size() - 1);

@@ -42,6 +42,9 @@ public:
     [[nodiscard]] int row() const { return row_; }
     [[nodiscard]] int col() const { return col_; }
     void setCurrent(int row, int col);  // by code, no event
+    // Nothing in it can be changed; it looks so. Its owner sees to the rest.
+    [[nodiscard]] bool locked() const { return locked_; }
+    void setLocked(bool locked);
     void scrollToBottom();
 
     [[nodiscard]] std::string shownText() const override
@@ -82,6 +85,7 @@ private:
     std::vector<Col> cols_;
     int row_ = 0;
     int col_ = 0;
+    bool locked_ = false;
     std::vector<Overlay> overlays_;
 };
 
