@@ -7,7 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "journey/JourneyHosts.h"
+#include "journey/JourneyFiles.h"
+#if __has_include("journey/QtJourneyHost.h")
+#include "journey/QtJourneyHost.h"
+#endif
 #include "support/journey/JourneyRunner.h"
 #include "support/journey/ProvaHost.h"
 
@@ -20,63 +23,17 @@ constexpr int allPassed = 0;
 constexpr int someFailed = 1;
 constexpr int notReadable = 2;
 
-struct Arguments {
-    bool qt = false;
-    JourneyOptions options;
-    std::vector<std::string> places;
-};
-
-struct JourneyFile {
-    std::string name;
-    fs::path path;  // "-": standard input
-};
-
-bool read(int argc, char** argv, Arguments& arguments)
+// The host of real windows knows the toolkit; a build without it runs the scripted user alone.
+std::unique_ptr<JourneyHost> makeHost(bool real, int& argc, char** argv)
 {
-    for (int at = 1; at < argc; ++at) {
-        const std::string word = argv[at];
-        const bool more = at + 1 < argc;
-        if (word == "--host" && more) {
-            const std::string host = argv[++at];
-            if (host != "prova" && host != "qt") {
-                return false;
-            }
-            arguments.qt = host == "qt";
-        } else if (word == "--keep" && more) {
-            arguments.options.keepAt = fs::absolute(argv[++at]);
-        } else if (word == "--pictures" && more) {
-            arguments.options.picturesAt = fs::absolute(argv[++at]);
-        } else if (word.size() > 1 && word.starts_with('-')) {
-            return false;
-        } else {
-            arguments.places.push_back(word);
-        }
+#if __has_include("journey/QtJourneyHost.h")
+    if (real) {
+        return makeQtHost(argc, argv);
     }
-    return !arguments.places.empty();
-}
-
-// The journeys of a file or folder, in the order of their names.
-bool collect(const std::string& place, std::vector<JourneyFile>& files)
-{
-    if (place == "-") {
-        files.push_back({"-", place});
-        return true;
-    }
-    std::error_code failure;
-    if (!fs::is_directory(place, failure)) {
-        files.push_back({fs::path(place).stem().string(), place});
-        return fs::is_regular_file(place, failure);
-    }
-    std::vector<JourneyFile> found;
-    for (const auto& entry : fs::recursive_directory_iterator(place, failure)) {
-        if (entry.path().extension() == ".journey") {
-            fs::path name = entry.path().lexically_relative(place);
-            found.push_back({name.replace_extension().generic_string(), entry.path()});
-        }
-    }
-    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
-    files.insert(files.end(), found.begin(), found.end());
-    return !failure;
+#endif
+    static_cast<void>(argc);
+    static_cast<void>(argv);
+    return real ? nullptr : std::make_unique<ProvaHost>();
 }
 
 bool readText(const fs::path& path, std::string& text)
@@ -95,7 +52,7 @@ bool readText(const fs::path& path, std::string& text)
 int main(int argc, char** argv)
 {
     Arguments arguments;
-    if (!read(argc, argv, arguments)) {
+    if (!readArguments(argc, argv, arguments)) {
         std::cerr << "bravona_journey [--host prova|qt] [--keep DIR] [--pictures DIR] FILE|FOLDER ...\n";
         return notReadable;
     }
@@ -103,13 +60,16 @@ int main(int argc, char** argv)
     int status = allPassed;
     std::vector<JourneyFile> files;
     for (const std::string& place : arguments.places) {
-        if (!collect(place, files)) {
+        if (!collectJourneys(place, files)) {
             std::cout << place << " cannot be read" << std::endl;
             status = notReadable;
         }
     }
-    const std::unique_ptr<JourneyHost> host =
-        arguments.qt ? makeQtHost(argc, argv) : std::make_unique<ProvaHost>();
+    const std::unique_ptr<JourneyHost> host = makeHost(arguments.qt, argc, argv);
+    if (host == nullptr) {
+        std::cerr << "this build has no real windows\n";
+        return notReadable;
+    }
     JourneyRunner runner(*host, arguments.options);
     int passed = 0;
     int failed = 0;

@@ -31,10 +31,18 @@ Control* findByCaption(const Form& form, const std::string& caption)
             }
             std::string shown;
             switch (kind) {
-            case ControlKind::button: shown = static_cast<const Button*>(entry.control)->caption(); break;
-            case ControlKind::optionButton: shown = static_cast<const OptionButton*>(entry.control)->caption(); break;
-            case ControlKind::checkBox: shown = static_cast<const CheckBox*>(entry.control)->caption(); break;
-            default: shown = entry.control->shownText(); break;
+            case ControlKind::button:
+                shown = static_cast<const Button*>(entry.control)->caption();
+                break;
+            case ControlKind::optionButton:
+                shown = static_cast<const OptionButton*>(entry.control)->caption();
+                break;
+            case ControlKind::checkBox:
+                shown = static_cast<const CheckBox*>(entry.control)->caption();
+                break;
+            default:
+                shown = entry.control->shownText();
+                break;
             }
             if (comparable(shown) == caption) {
                 if (inSight(*entry.control)) {
@@ -102,33 +110,46 @@ Control& usableControl(Desktop& desktop, const Word& name)
 bool isReadOnly(const Control& control)
 {
     switch (control.kind()) {
-    case ControlKind::textBox: return static_cast<const TextBox&>(control).locked();
-    case ControlKind::comboBox: return static_cast<const ComboBox&>(control).locked();
-    case ControlKind::flexGrid: return static_cast<const FlexGrid&>(control).locked();
+    case ControlKind::textBox:
+        return static_cast<const TextBox&>(control).locked();
+    case ControlKind::comboBox:
+        return static_cast<const ComboBox&>(control).locked();
+    case ControlKind::flexGrid:
+        return static_cast<const FlexGrid&>(control).locked();
     case ControlKind::dataGrid: {
         const auto* set = static_cast<const DataGrid&>(control).recordset();
         return set == nullptr || !set->isOpen() || !set->isUpdatable();
     }
-    default: return false;
+    default:
+        return false;
     }
 }
 
 std::size_t rowCount(const Control& control)
 {
     switch (control.kind()) {
-    case ControlKind::listView: return static_cast<const ListView&>(control).rowCount();
-    case ControlKind::listBox: return static_cast<const ListBox&>(control).items().size();
-    case ControlKind::comboBox: return static_cast<const ComboBox&>(control).items().size();
+    case ControlKind::listView:
+        return static_cast<const ListView&>(control).rowCount();
+    case ControlKind::listBox:
+        return static_cast<const ListBox&>(control).items().size();
+    case ControlKind::comboBox:
+        return static_cast<const ComboBox&>(control).items().size();
     case ControlKind::flexGrid: {
         const int rows = static_cast<const FlexGrid&>(control).rows();
         return rows > 0 ? static_cast<std::size_t>(rows - 1) : 0;
     }
-    case ControlKind::dataGrid: return static_cast<const DataGrid&>(control).dataRows();
-    case ControlKind::treeView: return static_cast<const TreeView&>(control).nodes().size();
-    case ControlKind::fileList: return static_cast<const FileList&>(control).files().size();
-    case ControlKind::dirList: return static_cast<const DirList&>(control).folders().size();
-    case ControlKind::driveList: return static_cast<const DriveList&>(control).drives().size();
-    default: throw Impossible(control.fullName() + " has no rows");
+    case ControlKind::dataGrid:
+        return static_cast<const DataGrid&>(control).dataRows();
+    case ControlKind::treeView:
+        return static_cast<const TreeView&>(control).nodes().size();
+    case ControlKind::fileList:
+        return static_cast<const FileList&>(control).files().size();
+    case ControlKind::dirList:
+        return static_cast<const DirList&>(control).folders().size();
+    case ControlKind::driveList:
+        return static_cast<const DriveList&>(control).drives().size();
+    default:
+        throw Impossible(control.fullName() + " has no rows");
     }
 }
 
@@ -178,13 +199,26 @@ std::string cellText(const Control& control, std::size_t row, std::size_t column
         need(grid.columns().size());
         return grid.cellText(row, column);
     }
-    case ControlKind::listBox: need(1); return static_cast<const ListBox&>(control).items().at(row).text;
-    case ControlKind::comboBox: need(1); return static_cast<const ComboBox&>(control).items().at(row).text;
-    case ControlKind::fileList: need(1); return static_cast<const FileList&>(control).files().at(row);
-    case ControlKind::dirList: need(1); return static_cast<const DirList&>(control).folders().at(row);
-    case ControlKind::driveList: need(1); return static_cast<const DriveList&>(control).drives().at(row);
-    case ControlKind::treeView: need(1); return static_cast<const TreeView&>(control).nodes().at(row).text;
-    default: throw Impossible(control.fullName() + " has no rows");
+    case ControlKind::listBox:
+        need(1);
+        return static_cast<const ListBox&>(control).items().at(row).text;
+    case ControlKind::comboBox:
+        need(1);
+        return static_cast<const ComboBox&>(control).items().at(row).text;
+    case ControlKind::fileList:
+        need(1);
+        return static_cast<const FileList&>(control).files().at(row);
+    case ControlKind::dirList:
+        need(1);
+        return static_cast<const DirList&>(control).folders().at(row);
+    case ControlKind::driveList:
+        need(1);
+        return static_cast<const DriveList&>(control).drives().at(row);
+    case ControlKind::treeView:
+        need(1);
+        return static_cast<const TreeView&>(control).nodes().at(row).text;
+    default:
+        throw Impossible(control.fullName() + " has no rows");
     }
 }
 
@@ -216,7 +250,8 @@ std::string columnCaptions(const Control& control)
             captions.push_back(page.caption);
         }
         break;
-    default: throw Impossible(control.fullName() + " has no columns");
+    default:
+        throw Impossible(control.fullName() + " has no columns");
     }
     std::string joined;
     for (const std::string& caption : captions) {

@@ -32,7 +32,8 @@ C& as(Control& control, ControlKind kind, const char* what)
 
 // Rows of any list, combo, grid or tree, without a heading.
 [[nodiscard]] std::size_t rowCount(const Control& control);
-// The row that a step names, from 0, by number (from 1) or by its main text. A grid's new-row line counts where `newRow`.
+// The row that a step names, from 0, by number (from 1) or by its main text. A grid's new-row line counts where
+// `newRow`.
 std::size_t findRow(const Control& control, const Word& row, bool newRow = false);
 // Text of a cell, both from 0.
 std::string cellText(const Control& control, std::size_t row, std::size_t column);

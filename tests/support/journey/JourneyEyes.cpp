@@ -20,11 +20,16 @@ namespace fs = std::filesystem;
 const char* iconName(MsgIcon icon)
 {
     switch (icon) {
-    case MsgIcon::information: return "information";
-    case MsgIcon::question: return "question";
-    case MsgIcon::critical: return "critical";
-    case MsgIcon::exclamation: return "exclamation";
-    case MsgIcon::none: break;
+    case MsgIcon::information:
+        return "information";
+    case MsgIcon::question:
+        return "question";
+    case MsgIcon::critical:
+        return "critical";
+    case MsgIcon::exclamation:
+        return "exclamation";
+    case MsgIcon::none:
+        break;
     }
     return "none";
 }
@@ -32,9 +37,12 @@ const char* iconName(MsgIcon icon)
 const char* buttonsName(MsgButtons buttons)
 {
     switch (buttons) {
-    case MsgButtons::okCancel: return "OkCancel";
-    case MsgButtons::yesNo: return "YesNo";
-    case MsgButtons::ok: break;
+    case MsgButtons::okCancel:
+        return "OkCancel";
+    case MsgButtons::yesNo:
+        return "YesNo";
+    case MsgButtons::ok:
+        break;
     }
     return "Ok";
 }
@@ -77,11 +85,10 @@ std::string journeyValue(const Value& value)
         std::string operator()(Currency v) const
         {
             const std::int64_t all = v.tenThousandths();
-            const std::string digits = std::to_string(all < 0 ? 0 - static_cast<std::uint64_t>(all)
-                                                              : static_cast<std::uint64_t>(all));
+            const std::string digits =
+                std::to_string(all < 0 ? 0 - static_cast<std::uint64_t>(all) : static_cast<std::uint64_t>(all));
             const std::string padded = digits.size() < 5 ? std::string(5 - digits.size(), '0') + digits : digits;
-            return (all < 0 ? "-" : "") + padded.substr(0, padded.size() - 4) + "." +
-                   padded.substr(padded.size() - 4);
+            return (all < 0 ? "-" : "") + padded.substr(0, padded.size() - 4) + "." + padded.substr(padded.size() - 4);
         }
         std::string operator()(Date v) const { return v.text(); }
         std::string operator()(const std::string& v) const { return v; }
@@ -91,9 +98,11 @@ std::string journeyValue(const Value& value)
 
 JourneyEyes::JourneyEyes(JourneySession& session, JourneyHost& host, const Step& step,
                          std::function<void(const std::string&)> tell)
-    : session_(session), host_(host), words_(step.words.begin() + 1, step.words.end()), tell_(std::move(tell))
-{
-}
+    : session_(session),
+      host_(host),
+      words_(step.words.begin() + 1, step.words.end()),
+      tell_(std::move(tell))
+{}
 
 long long JourneyEyes::number(std::size_t at) const
 {
@@ -117,7 +126,8 @@ void JourneyEyes::compare(const std::string& what, const std::string& actual, co
         tell_(what + " " + quotedText(actual));
         return;
     }
-    demand(comparable(actual) == comparable(expected->text), what + " " + quotedText(expected->text), quotedText(actual));
+    demand(comparable(actual) == comparable(expected->text), what + " " + quotedText(expected->text),
+           quotedText(actual));
 }
 
 void JourneyEyes::compareExactly(const std::string& what, const std::string& actual, const Word* expected) const
@@ -220,9 +230,8 @@ void JourneyEyes::box()
     }
     // The report of an uncaught failure is expected as a fault; looked for as a box it counts as one.
     Transcript::Box* oldest = nullptr;
-    const bool faultWanted =
-        !open.empty() && open.front()->box.fault && words_.size() > 2 &&
-        comparable(open.front()->box.title) == comparable(words_[1].text);
+    const bool faultWanted = !open.empty() && open.front()->box.fault && words_.size() > 2 &&
+                             comparable(open.front()->box.title) == comparable(words_[1].text);
     for (Transcript::Box* shown : open) {
         if (oldest == nullptr && (faultWanted || !shown->box.fault)) {
             oldest = shown;
@@ -367,12 +376,15 @@ void JourneyEyes::files()
     const bool there = fs::exists(path);
     if (tell_) {
         tell_("file " + words_[1].text +
-              (!there ? " is absent" : fs::is_directory(path) ? " is a folder" : ", " + std::to_string(fs::file_size(path)) + " bytes"));
+              (!there                   ? " is absent"
+               : fs::is_directory(path) ? " is a folder"
+                                        : ", " + std::to_string(fs::file_size(path)) + " bytes"));
         return;
     }
     if (has(2, "same")) {
         const fs::path other = session_.folder.resolve(words_.at(3).text);
-        demand(there && fs::exists(other), "two files", there ? words_[3].text + " absent" : words_[1].text + " absent");
+        demand(there && fs::exists(other), "two files",
+               there ? words_[3].text + " absent" : words_[1].text + " absent");
         const std::string mine = bytesOf(path);
         const std::string others = bytesOf(other);
         demand(mine == others, "the same bytes",

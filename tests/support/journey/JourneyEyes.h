@@ -31,7 +31,10 @@ private:
     void setting();
 
     [[nodiscard]] const Word* word(std::size_t at) const { return at < words_.size() ? &words_[at] : nullptr; }
-    [[nodiscard]] bool has(std::size_t at, std::string_view literal) const { return at < words_.size() && words_[at].is(literal); }
+    [[nodiscard]] bool has(std::size_t at, std::string_view literal) const
+    {
+        return at < words_.size() && words_[at].is(literal);
+    }
     [[nodiscard]] long long number(std::size_t at) const;
     // The texts compared without "&"; nothing to compare with: told.
     void compare(const std::string& what, const std::string& actual, const Word* expected) const;

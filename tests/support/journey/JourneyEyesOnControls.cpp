@@ -47,13 +47,20 @@ bool isSelected(const Control& control, std::size_t row)
 {
     const int position = static_cast<int>(row);
     switch (control.kind()) {
-    case ControlKind::listView: return static_cast<const ListView&>(control).selected() == row;
-    case ControlKind::listBox: return static_cast<const ListBox&>(control).listIndex() == position;
-    case ControlKind::comboBox: return static_cast<const ComboBox&>(control).listIndex() == position;
-    case ControlKind::fileList: return static_cast<const FileList&>(control).listIndex() == position;
-    case ControlKind::flexGrid: return static_cast<const FlexGrid&>(control).row() == position + 1;
-    case ControlKind::dataGrid: return static_cast<const DataGrid&>(control).row() == row;
-    default: throw Impossible(control.fullName() + " has no selected row");
+    case ControlKind::listView:
+        return static_cast<const ListView&>(control).selected() == row;
+    case ControlKind::listBox:
+        return static_cast<const ListBox&>(control).listIndex() == position;
+    case ControlKind::comboBox:
+        return static_cast<const ComboBox&>(control).listIndex() == position;
+    case ControlKind::fileList:
+        return static_cast<const FileList&>(control).listIndex() == position;
+    case ControlKind::flexGrid:
+        return static_cast<const FlexGrid&>(control).row() == position + 1;
+    case ControlKind::dataGrid:
+        return static_cast<const DataGrid&>(control).row() == row;
+    default:
+        throw Impossible(control.fullName() + " has no selected row");
     }
 }
 

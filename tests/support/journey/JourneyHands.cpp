@@ -173,10 +173,17 @@ void JourneyRunner::choose(const Step& step)
     }
     switch (control.kind()) {
     case ControlKind::comboBox:
-    case ControlKind::listBox: host_.chooseItem(control, static_cast<int>(wanted)); break;
-    case ControlKind::driveList: host_.chooseDrive(static_cast<DriveList&>(control), static_cast<int>(wanted)); break;
-    case ControlKind::fileList: host_.selectFile(static_cast<FileList&>(control), static_cast<int>(wanted)); break;
-    default: throw Impossible(control.fullName() + " is no combo and no list");
+    case ControlKind::listBox:
+        host_.chooseItem(control, static_cast<int>(wanted));
+        break;
+    case ControlKind::driveList:
+        host_.chooseDrive(static_cast<DriveList&>(control), static_cast<int>(wanted));
+        break;
+    case ControlKind::fileList:
+        host_.selectFile(static_cast<FileList&>(control), static_cast<int>(wanted));
+        break;
+    default:
+        throw Impossible(control.fullName() + " is no combo and no list");
     }
 }
 
@@ -188,11 +195,16 @@ void JourneyRunner::select(const Step& step)
     case ControlKind::flexGrid:
         host_.clickCell(static_cast<FlexGrid&>(control), static_cast<int>(row) + 1, 1);
         break;
-    case ControlKind::fileList: host_.selectFile(static_cast<FileList&>(control), static_cast<int>(row)); break;
+    case ControlKind::fileList:
+        host_.selectFile(static_cast<FileList&>(control), static_cast<int>(row));
+        break;
     case ControlKind::listView:
     case ControlKind::listBox:
-    case ControlKind::dataGrid: host_.selectRow(control, row); break;
-    default: throw Impossible(control.fullName() + " has no rows to click");
+    case ControlKind::dataGrid:
+        host_.selectRow(control, row);
+        break;
+    default:
+        throw Impossible(control.fullName() + " has no rows to click");
     }
 }
 
@@ -229,8 +241,7 @@ void JourneyRunner::column(const Step& step)
 {
     Control& control = usableControl(desktop(), step.words[1]);
     const int column = whole(step.words[2]);
-    const std::size_t count = control.kind() == ControlKind::listView
-                                  ? static_cast<ListView&>(control).columns().size()
+    const std::size_t count = control.kind() == ControlKind::listView ? static_cast<ListView&>(control).columns().size()
                               : control.kind() == ControlKind::flexGrid
                                   ? static_cast<std::size_t>(static_cast<FlexGrid&>(control).cols())
                                   : 0;
@@ -242,9 +253,8 @@ void JourneyRunner::column(const Step& step)
 
 void JourneyRunner::spin(const Step& step)
 {
-    host_.spin(
-        as<SpinButton>(usableControl(desktop(), step.words[1]), ControlKind::spinButton, "spin button"),
-        step.words[2].text == "up");
+    host_.spin(as<SpinButton>(usableControl(desktop(), step.words[1]), ControlKind::spinButton, "spin button"),
+               step.words[2].text == "up");
 }
 
 void JourneyRunner::paste(const Step& step)
@@ -346,8 +356,8 @@ void JourneyRunner::cell(const Step& step)
     editFlexCell(grid, static_cast<int>(row) + 1, col, step.words[4].text);
 }
 
-// The first key opens the editor over the cell, the others go into it; an empty text is Enter, which opens it with what is
-// there, and Delete.
+// The first key opens the editor over the cell, the others go into it; an empty text is Enter, which opens it with what
+// is there, and Delete.
 void JourneyRunner::editFlexCell(FlexGrid& grid, int row, int col, const std::string& text)
 {
     host_.goToCell(grid, row, col);

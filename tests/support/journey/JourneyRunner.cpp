@@ -8,19 +8,45 @@ const std::map<std::string, JourneyRunner::Action, std::less<>>& JourneyRunner::
 {
     using R = JourneyRunner;
     static const std::map<std::string, Action, std::less<>> table{
-        {"folder", &R::folder},         {"today", &R::today},           {"setting", &R::setting},
-        {"year", &R::year},             {"sql", &R::sql},               {"copy", &R::copy},
-        {"write", &R::write},           {"bytes", &R::bytes},           {"start", &R::start},
-        {"menu", &R::menu},             {"front", &R::front},           {"focus", &R::focus},
-        {"type", &R::type},             {"key", &R::key},               {"press", &R::press},
-        {"choose", &R::choose},         {"select", &R::select},         {"doubleclick", &R::doubleClick},
-        {"rightclick", &R::rightClick}, {"column", &R::column},         {"spin", &R::spin},
-        {"paste", &R::paste},           {"tick", &R::tick},             {"check", &R::check},
-        {"node", &R::node},             {"cell", &R::cell},             {"cellbutton", &R::cellButton},
-        {"deleterow", &R::deleteRow},   {"date", &R::date},             {"tab", &R::tab},
-        {"close", &R::close},           {"answer", &R::answer},         {"file", &R::file},
-        {"colour", &R::colour},         {"wait", &R::wait},             {"fault", &R::fault},
-        {"boxes", &R::boxes},           {"picture", &R::picture},       {"expect", &R::expect},
+        {"folder", &R::folder},
+        {"today", &R::today},
+        {"setting", &R::setting},
+        {"year", &R::year},
+        {"sql", &R::sql},
+        {"copy", &R::copy},
+        {"write", &R::write},
+        {"bytes", &R::bytes},
+        {"start", &R::start},
+        {"menu", &R::menu},
+        {"front", &R::front},
+        {"focus", &R::focus},
+        {"type", &R::type},
+        {"key", &R::key},
+        {"press", &R::press},
+        {"choose", &R::choose},
+        {"select", &R::select},
+        {"doubleclick", &R::doubleClick},
+        {"rightclick", &R::rightClick},
+        {"column", &R::column},
+        {"spin", &R::spin},
+        {"paste", &R::paste},
+        {"tick", &R::tick},
+        {"check", &R::check},
+        {"node", &R::node},
+        {"cell", &R::cell},
+        {"cellbutton", &R::cellButton},
+        {"deleterow", &R::deleteRow},
+        {"date", &R::date},
+        {"tab", &R::tab},
+        {"close", &R::close},
+        {"answer", &R::answer},
+        {"file", &R::file},
+        {"colour", &R::colour},
+        {"wait", &R::wait},
+        {"fault", &R::fault},
+        {"boxes", &R::boxes},
+        {"picture", &R::picture},
+        {"expect", &R::expect},
         {"show", &R::show},
     };
     return table;
@@ -105,9 +131,9 @@ void JourneyRunner::finish()
     }
     for (const Transcript::Box& shown : session_->transcript.boxes) {
         if (!shown.expected) {
-            fail(steps_->empty() ? 0 : steps_->back().line,
-                 std::string(shown.box.fault ? "a failure" : "a box") + " that no step expected: \"" +
-                     shown.box.title + "\" \"" + shown.box.text + "\"");
+            fail(steps_->empty() ? 0 : steps_->back().line, std::string(shown.box.fault ? "a failure" : "a box") +
+                                                                " that no step expected: \"" + shown.box.title +
+                                                                "\" \"" + shown.box.text + "\"");
             return;
         }
     }

@@ -14,8 +14,8 @@
 namespace bravona {
 
 struct JourneyOptions {
-    std::filesystem::path keepAt;      // empty: program folders are thrown away
-    std::filesystem::path picturesAt;  // empty: no pictures
+    std::filesystem::path keepAt;                   // empty: program folders are thrown away
+    std::filesystem::path picturesAt;               // empty: no pictures
     std::function<void(const std::string&)> print;  // what `show` says
 };
 

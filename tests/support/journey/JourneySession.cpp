@@ -6,7 +6,9 @@
 namespace bravona {
 
 JourneySession::JourneySession(JourneyHost& host, const std::filesystem::path& keptAt)
-    : folder(keptAt), clock(*Date::fromYmd(2004, 1, 15)), host_(host)
+    : folder(keptAt),
+      clock(*Date::fromYmd(2004, 1, 15)),
+      host_(host)
 {
     folder.fill(Delivery::bare);
 }

@@ -52,9 +52,9 @@ std::vector<Word> wordsOf(std::string_view line, int number)
     return words;
 }
 
-// What may follow each verb, one shape a line of the table. w: any word; t: a text in quotes; n: a whole number; r: a row, by
-// number or text; i: a position, "#2"; d: a date; k: a key; a: an answer; h: bytes as hexadecimal digits; * and t*: any number
-// of words or texts; =x: the word x.
+// What may follow each verb, one shape a line of the table. w: any word; t: a text in quotes; n: a whole number; r: a
+// row, by number or text; i: a position, "#2"; d: a date; k: a key; a: an answer; h: bytes as hexadecimal digits; * and
+// t*: any number of words or texts; =x: the word x.
 const std::multimap<std::string, std::string, std::less<>>& shapes()
 {
     static const std::multimap<std::string, std::string, std::less<>> table{
@@ -164,21 +164,28 @@ bool fits(const Word& word, std::string_view kind)
         return word.is(kind.substr(1));
     }
     switch (kind.front()) {
-    case 'w': return true;
-    case 't': return word.quoted;
-    case 'n': return !word.quoted && parseWhole(word.text).has_value();
-    case 'r': return word.quoted || parseWhole(word.text).has_value();
-    case 'i': return !word.quoted && word.text.starts_with('#') && parseWhole(word.text.substr(1)).has_value();
-    case 'd': return !word.quoted && Date::parse(word.text).has_value();
-    case 'k': return parseKey(word.text).has_value();
+    case 'w':
+        return true;
+    case 't':
+        return word.quoted;
+    case 'n':
+        return !word.quoted && parseWhole(word.text).has_value();
+    case 'r':
+        return word.quoted || parseWhole(word.text).has_value();
+    case 'i':
+        return !word.quoted && word.text.starts_with('#') && parseWhole(word.text.substr(1)).has_value();
+    case 'd':
+        return !word.quoted && Date::parse(word.text).has_value();
+    case 'k':
+        return parseKey(word.text).has_value();
     case 'a': {
         const std::string name = lower(word.text);
         return name == "ok" || name == "cancel" || name == "yes" || name == "no";
     }
     case 'h':
-        return word.text.size() % 2 == 0 &&
-               word.text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
-    default: return false;
+        return word.text.size() % 2 == 0 && word.text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+    default:
+        return false;
     }
 }
 
@@ -235,9 +242,9 @@ std::optional<KeyEvent> parseKey(std::string_view name)
     while (prefix("Alt+", event.alt) || prefix("Ctrl+", event.ctrl) || prefix("Shift+", event.shift)) {
     }
     static const std::map<std::string, Key, std::less<>> named{
-        {"Enter", Key::enter},   {"Tab", Key::tab},       {"Escape", Key::escape},       {"Up", Key::up},
-        {"Down", Key::down},     {"Left", Key::left},     {"Right", Key::right},         {"Home", Key::home},
-        {"End", Key::end},       {"Delete", Key::del},    {"Backspace", Key::backspace}, {"PageUp", Key::pageUp},
+        {"Enter", Key::enter},       {"Tab", Key::tab},    {"Escape", Key::escape},       {"Up", Key::up},
+        {"Down", Key::down},         {"Left", Key::left},  {"Right", Key::right},         {"Home", Key::home},
+        {"End", Key::end},           {"Delete", Key::del}, {"Backspace", Key::backspace}, {"PageUp", Key::pageUp},
         {"PageDown", Key::pageDown},
     };
     if (const auto place = named.find(name); place != named.end()) {

@@ -18,7 +18,7 @@ struct Word {
 };
 
 struct Step {
-    int line = 0;  // from 1
+    int line = 0;             // from 1
     std::vector<Word> words;  // the first one is the verb
 
     [[nodiscard]] const std::string& verb() const { return words.front().text; }

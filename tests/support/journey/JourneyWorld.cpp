@@ -105,9 +105,8 @@ void JourneyRunner::file(const Step& step)
 
 void JourneyRunner::colour(const Step& step)
 {
-    session_->transcript.colours.push_back(step.words[1].is("cancel")
-                                               ? std::nullopt
-                                               : std::optional(static_cast<Colour>(number(step.words[1]))));
+    session_->transcript.colours.push_back(
+        step.words[1].is("cancel") ? std::nullopt : std::optional(static_cast<Colour>(number(step.words[1]))));
 }
 
 void JourneyRunner::wait(const Step& step)
@@ -124,8 +123,7 @@ void JourneyRunner::fault(const Step& step)
         return;
     }
     session_->failWrite(step.words[1].text, number(step.words[2]),
-                        step.words.size() > 3 ? static_cast<std::uint32_t>(number(step.words[3]))
-                                              : failureOfTheStore);
+                        step.words.size() > 3 ? static_cast<std::uint32_t>(number(step.words[3])) : failureOfTheStore);
 }
 
 void JourneyRunner::boxes(const Step&)

@@ -10,8 +10,8 @@ enum class Delivery {
     delivered  // the archive as it is shipped
 };
 
-// A program folder of its own: Database/DBBVEURO.mdb and the link dbbveuro.mdb to it. Gone with the object unless it is to
-// be kept. Archives are made once a process and copied.
+// A program folder of its own: Database/DBBVEURO.mdb and the link dbbveuro.mdb to it. Gone with the object unless it is
+// to be kept. Archives are made once a process and copied.
 class ProgramFolder {
 public:
     // Empty: somewhere among the temporary files.
