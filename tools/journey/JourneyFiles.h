@@ -16,7 +16,7 @@ struct Arguments {
 
 struct JourneyFile {
     std::string name;
-    fs::path path;  // "-": standard input
+    std::filesystem::path path;  // "-": standard input
 };
 
 // Reads the command line; false when it is not understood.
