@@ -185,16 +185,6 @@ Field Recordset::operator[](std::size_t position)
     return Field(*this, position);
 }
 
-Value Recordset::valueAt(std::size_t row, std::size_t column) const
-{
-    State& s = opened(state_);
-    s.load();
-    if (row >= s.size() || column >= s.set->columns.size()) {
-        throw Errore(errori::indiceFuoriIntervallo, "Indice non incluso nell'intervallo.");
-    }
-    return column < s.rows->columns() ? s.rows->value(s.order[row], column, s.set->columns[column].type) : Value();
-}
-
 Recordset& Recordset::chapter(std::string_view name)
 {
     return opened(state_).chapter(name);
