@@ -203,6 +203,9 @@ void SpinButton::spin(bool up)
     const double next =
         std::clamp(now + (up ? step : -step), static_cast<double>(minimum), static_cast<double>(maximum));
     buddy->setText(std::to_string(static_cast<long>(next)));
+    // Whoever turns to the keys now types a number of his own.
+    buddy->setFocus();
+    buddy->selectAll();
 }
 
 }  // namespace bravona

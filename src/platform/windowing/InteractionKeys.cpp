@@ -289,6 +289,22 @@ std::u32string Interaction::filterPaste(Control& control, const std::u32string& 
     return passed;
 }
 
+namespace {
+
+const std::string& captionOf(const Control& control)
+{
+    switch (control.kind()) {
+    case ControlKind::checkBox:
+        return static_cast<const CheckBox&>(control).caption();
+    case ControlKind::optionButton:
+        return static_cast<const OptionButton&>(control).caption();
+    default:
+        return static_cast<const Button&>(control).caption();
+    }
+}
+
+}  // namespace
+
 bool Interaction::mnemonic(Form& form, char32_t letter)
 {
     if (desktop_.blocked(form)) {
@@ -308,7 +324,7 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
         case ControlKind::button:
         case ControlKind::checkBox:
         case ControlKind::optionButton:
-            if (bravona::mnemonic(control.shownText()) == wanted.front()) {
+            if (bravona::mnemonic(captionOf(control)) == wanted.front()) {
                 click(control);
                 return true;
             }
