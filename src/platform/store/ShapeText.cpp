@@ -3,30 +3,29 @@
 #include <charconv>
 
 #include "platform/store/RecordsetState.h"
+#include "platform/store/TokenReader.h"
 
 namespace bravona {
 namespace {
 
-constexpr int deepest = 8;
-
-class ShapeParser {
+class ShapeParser final : TokenReader {
 public:
-    explicit ShapeParser(const Tokens& tokens) : all_(tokens) {}
+    explicit ShapeParser(const Tokens& tokens) : TokenReader(tokens, 3450) {}
 
     ShapeText hierarchy()
     {
         ShapeText shape;
-        needWord("shape");
+        needWord("shape", "attesa la parola shape");
         shape.parent = statement();
         alias();
-        needWord("append");
-        needSymbol('(');
+        needWord("append", "attesa la parola append");
+        needSymbol('(', "atteso il segno (");
         shape.child = statement();
         alias();
         relation(shape.parentColumn, shape.childColumn);
-        needSymbol(')');
-        needWord("as");
-        shape.name = name();
+        needSymbol(')', "atteso il segno )");
+        needWord("as", "attesa la parola as");
+        shape.name = anyName("atteso un nome");
         end();
         return shape;
     }
@@ -40,11 +39,9 @@ public:
     Declared declaration()
     {
         Declared d;
-        if (++depth_ > deepest) {
-            fail("testo troppo annidato");
-        }
-        needWord("shape");
-        needWord("append");
+        const Depth depth(*this);
+        needWord("shape", "attesa la parola shape");
+        needWord("append", "attesa la parola append");
         do {
             if (takeSymbol('(')) {
                 chapter(d);
@@ -52,7 +49,6 @@ public:
                 column(d);
             }
         } while (takeSymbol(','));
-        --depth_;
         std::vector<ColumnInfo> all = d.columns;
         for (const Chapter& c : d.chapters) {
             all.push_back({c.name, FieldType::chapter, {}, {}});
@@ -61,75 +57,28 @@ public:
         return d;
     }
 
-    void end()
-    {
-        takeSymbol(';');
-        if (peek().kind != TokenKind::end) {
-            fail("testo non atteso");
-        }
-    }
+    void end() { needEnd(); }
 
 private:
-    [[nodiscard]] const Token& peek() const { return all_.tokens[at_]; }
-    const Token& take() { return all_.tokens[at_ + 1 < all_.tokens.size() ? at_++ : at_]; }
-    [[noreturn]] void fail(std::string_view what) const
-    {
-        throw statementError(3450, all_.statement, peek().start, what);
-    }
-    bool takeSymbol(char c)
-    {
-        const bool found = peek().kind == TokenKind::symbol && peek().symbol == c;
-        if (found) {
-            take();
-        }
-        return found;
-    }
-    bool takeWord(std::string_view word)
-    {
-        const bool found = peek().kind == TokenKind::word && sameName(peek().text, word);
-        if (found) {
-            take();
-        }
-        return found;
-    }
-    void needSymbol(char c)
-    {
-        if (!takeSymbol(c)) {
-            fail(std::string("atteso ") + c);
-        }
-    }
-    void needWord(std::string_view word)
-    {
-        if (!takeWord(word)) {
-            fail("attesa la parola " + std::string(word));
-        }
-    }
-    std::string_view name()
-    {
-        if (peek().kind != TokenKind::word && peek().kind != TokenKind::quotedName) {
-            fail("atteso un nome");
-        }
-        return take().text;
-    }
     void alias()
     {
         if (takeWord("as")) {
-            name();
+            anyName("atteso un nome");
         }
     }
     void relation(std::string_view& parent, std::string_view& child)
     {
-        needWord("relate");
-        parent = name();
-        needWord("to");
-        child = name();
+        needWord("relate", "attesa la parola relate");
+        parent = anyName("atteso un nome");
+        needWord("to", "attesa la parola to");
+        child = anyName("atteso un nome");
     }
 
     // What stands between braces.
     std::string_view statement()
     {
         const std::uint32_t start = peek().start + 1;
-        needSymbol('{');
+        needSymbol('{', "atteso il segno {");
         while (!(peek().kind == TokenKind::symbol && peek().symbol == '}')) {
             if (peek().kind == TokenKind::end) {
                 fail("manca la parentesi }");
@@ -142,9 +91,9 @@ private:
 
     void column(Declared& d)
     {
-        needWord("new");
-        needWord("adVarChar");
-        needSymbol('(');
+        needWord("new", "attesa la parola new");
+        needWord("adVarChar", "attesa la parola adVarChar");
+        needSymbol('(', "atteso il segno (");
         const Token& t = peek();
         std::size_t length = 0;
         if (t.kind == TokenKind::literal) {
@@ -155,25 +104,25 @@ private:
             fail("attesa la lunghezza del testo");
         }
         take();
-        needSymbol(')');
-        needWord("as");
-        d.columns.push_back({std::string(name()), FieldType::text, {}, {}});
+        needSymbol(')', "atteso il segno )");
+        needWord("as", "attesa la parola as");
+        d.columns.push_back({std::string(anyName("atteso un nome")), FieldType::text, {}, {}});
         d.lengths.push_back(length);
     }
 
     void chapter(Declared& d)
     {
-        needSymbol('(');
+        needSymbol('(', "atteso il segno (");
         Declared child = declaration();
-        needSymbol(')');
+        needSymbol(')', "atteso il segno )");
         std::string_view parentColumn;
         std::string_view childColumn;
         const std::size_t related = at_;
         relation(parentColumn, childColumn);
-        needSymbol(')');
-        needWord("as");
+        needSymbol(')', "atteso il segno )");
+        needWord("as", "attesa la parola as");
         Chapter c;
-        c.name = std::string(name());
+        c.name = std::string(anyName("atteso un nome"));
         c.lengths = std::move(child.lengths);
         c.parentColumn = columnOf(d.columns, d.lengths.size(), parentColumn, related);
         c.childColumn = columnOf(child.columns, c.lengths.size(), childColumn, related);
@@ -192,10 +141,6 @@ private:
         }
         throw statementError(3450, all_.statement, all_.tokens[token].start, "la colonna di RELATE non esiste");
     }
-
-    const Tokens& all_;
-    std::size_t at_ = 0;
-    int depth_ = 0;
 };
 
 }  // namespace
