@@ -44,65 +44,52 @@ void clsTabellaCodiciIVA::Refresh()
     codici_ = std::move(codici);
 }
 
-bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
+// One statement and the table read again. `rifiuto` is what the store may refuse by a message of its own.
+bool clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& rifiuto)
 {
-    const clsCursorWait attesa(sessione_.desktop());
     try {
-        sessione_.cn.execute("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
-                             numeroIstruzione(aliquota) + ",'" + codice + "', '" + descrizione + "')");
+        const clsCursorWait attesa(sessione_.desktop());
+        sessione_.cn.execute(istruzione);
         Refresh();
         return true;
     } catch (const Errore& errore) {
-        sessione_.desktop().setPointer(Pointer::normal);
-        if (errore.numero() == errori::chiaveDuplicata) {
-            sessione_.desktop().inform("Attenzione! Il codice indicato e gia' presente in archivio.", titoloTabella);
+        if (errore.numero() == rifiuto.numero) {
+            sessione_.desktop().inform(rifiuto.messaggio, titoloTabella);
         } else {
-            MostraErroreStandard(sessione_.desktop(), errore, "Modulo: clsTabellaCodiciIva", "Routine: AddCodiceIVA");
+            MostraErroreStandard(sessione_.desktop(), errore, rifiuto.modulo, rifiuto.routine);
         }
         return false;
     }
+}
+
+bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
+{
+    return scrivi("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
+                      numeroIstruzione(aliquota) + ",'" + codice + "', '" + descrizione + "')",
+                  {.numero = errori::chiaveDuplicata,
+                   .messaggio = "Attenzione! Il codice indicato e gia' presente in archivio.",
+                   .modulo = "Modulo: clsTabellaCodiciIva",
+                   .routine = "Routine: AddCodiceIVA"});
 }
 
 bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
 {
-    const clsCursorWait attesa(sessione_.desktop());
-    try {
-        sessione_.cn.execute("DELETE * FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id));
-        Refresh();
-        return true;
-    } catch (const Errore& errore) {
-        sessione_.desktop().setPointer(Pointer::normal);
-        if (errore.numero() == errori::recordCorrelati) {
-            sessione_.desktop().inform("Impossibile eliminare il codice IVA indicato "
-                                       "in quanto e' utilizzato in alcuni documenti e/o articoli.",
-                                       titoloTabella);
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, "Modulo: clsTabellaCodiciIva",
-                                 "Routine: RemoveAliquotaIVA");
-        }
-        return false;
-    }
+    return scrivi("DELETE * FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id),
+                  {.numero = errori::recordCorrelati,
+                   .messaggio = "Impossibile eliminare il codice IVA indicato "
+                                "in quanto e' utilizzato in alcuni documenti e/o articoli.",
+                   .modulo = "Modulo: clsTabellaCodiciIva",
+                   .routine = "Routine: RemoveAliquotaIVA"});
 }
 
 bool clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
 {
-    const clsCursorWait attesa(sessione_.desktop());
-    try {
-        sessione_.cn.execute("UPDATE TabellaCodiciIVA SET Descrizione='" + descrizione +
-                             "' WHERE IDCodiceIVA=" + std::to_string(id));
-        Refresh();
-        return true;
-    } catch (const Errore& errore) {
-        sessione_.desktop().setPointer(Pointer::normal);
-        if (errore.numero() == errori::testoObbligatorioVuoto) {
-            sessione_.desktop().inform("Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",
-                                       titoloTabella);
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, "Nel modulo: clsTabellaCodiciIVA",
-                                 "Routine: SetDescrizioneAliquotaIva");
-        }
-        return false;
-    }
+    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione='" + descrizione +
+                      "' WHERE IDCodiceIVA=" + std::to_string(id),
+                  {.numero = errori::testoObbligatorioVuoto,
+                   .messaggio = "Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",
+                   .modulo = "Nel modulo: clsTabellaCodiciIVA",
+                   .routine = "Routine: SetDescrizioneAliquotaIva"});
 }
 
 const clsTabellaCodiciIVA::Codice* clsTabellaCodiciIVA::daID(std::int32_t id) const

@@ -41,6 +41,13 @@ public:
     void Refresh() override;
 
 private:
+    struct Rifiuto {
+        std::uint32_t numero;
+        const char* messaggio;
+        const char* modulo;  // of the general message
+        const char* routine;
+    };
+    bool scrivi(const std::string& istruzione, const Rifiuto& rifiuto);
     [[nodiscard]] const Codice* daID(std::int32_t id) const;
     [[nodiscard]] const Codice* daCodice(const std::string& codice) const;
 
