@@ -372,6 +372,7 @@ void JourneyEyes::archive()
 
 void JourneyEyes::files()
 {
+    session_.releaseArchive();
     const fs::path path = session_.folder.resolve(words_[1].text);
     const bool there = fs::exists(path);
     if (tell_) {

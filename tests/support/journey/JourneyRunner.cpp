@@ -100,6 +100,9 @@ bool JourneyRunner::next()
         restart_ = true;
         return depth_ == 0;
     }
+    if (step.verb() != "sql" && step.verb() != "expect" && step.verb() != "year") {
+        session_->releaseArchive();
+    }
     ++depth_;
     try {
         (this->*actions().find(step.verb())->second)(step);

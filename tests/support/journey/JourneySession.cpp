@@ -31,6 +31,7 @@ void JourneySession::start()
     if (started()) {
         throw Impossible("the program has been started already");
     }
+    releaseArchive();
     desktop_ = &host_.open(transcript);
     programma_ = std::make_unique<Programma>(Ambiente{*desktop_, settings, clock, files, folder.path().string()});
     programma_->sessione().cn.setWriteHook([this](const std::string& table) { hook(table); });
@@ -51,13 +52,20 @@ void JourneySession::stop()
 void JourneySession::withArchive(const std::function<void(Connection&)>& work)
 {
     if (started() && programma_->sessione().cn.isOpen()) {
+        releaseArchive();
         work(programma_->sessione().cn);
         return;
     }
-    Connection cn;
-    cn.open(folder.archive().string(), passwordArchivio);
-    work(cn);
-    cn.close();
+    if (own_ == nullptr) {
+        own_ = std::make_unique<Connection>();
+        own_->open(folder.archive().string(), passwordArchivio);
+    }
+    work(*own_);
+}
+
+void JourneySession::releaseArchive()
+{
+    own_.reset();
 }
 
 void JourneySession::failWrite(const std::string& table, long long nth, std::uint32_t number)

@@ -30,6 +30,8 @@ public:
 
     // Runs on the archive that the program has open, before the start (and after the end) on the one of the folder.
     void withArchive(const std::function<void(Connection&)>& work);
+    // Nothing of this object's has the archive's file open; the program may.
+    void releaseArchive();
     // The Nth write to the table from here on fails with that number.
     void failWrite(const std::string& table, long long nth, std::uint32_t number);
 
@@ -50,6 +52,7 @@ private:
     JourneyHost& host_;
     Desktop* desktop_ = nullptr;
     std::unique_ptr<Programma> programma_;
+    std::unique_ptr<Connection> own_;  // while the program has none open: opening an archive takes its time
     std::vector<Fault> faults_;
 };
 

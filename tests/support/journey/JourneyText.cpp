@@ -52,7 +52,8 @@ std::vector<Word> wordsOf(std::string_view line, int number)
     return words;
 }
 
-// What may follow each verb, one shape a line of the table. w: any word; t: a text in quotes; n: a whole number; r: a
+// What may follow each verb, one shape a line of the table. w: any word; c: a control, which no
+// word of `expect` itself can be; t: a text in quotes; n: a whole number; r: a
 // row, by number or text; i: a position, "#2"; d: a date; k: a key; a: an answer; h: bytes as hexadecimal digits; * and
 // t*: any number of words or texts; =x: the word x.
 const std::multimap<std::string, std::string, std::less<>>& shapes()
@@ -132,28 +133,28 @@ const std::multimap<std::string, std::string, std::less<>>& shapes()
         {"expect", "=ended"},
         {"expect", "=running"},
         {"expect", "=fault n"},
-        {"expect", "w t"},
-        {"expect", "w =enabled"},
-        {"expect", "w =disabled"},
-        {"expect", "w =visible"},
-        {"expect", "w =hidden"},
-        {"expect", "w =focused"},
-        {"expect", "w =readonly"},
-        {"expect", "w =rows n"},
-        {"expect", "w =columns t"},
-        {"expect", "w =tip t"},
-        {"expect", "w =node t t"},
-        {"expect", "w =node t =bold"},
-        {"expect", "w =node t =plain"},
-        {"expect", "w =node t =absent"},
-        {"expect", "w r n t"},
-        {"expect", "w r n =tag t"},
-        {"expect", "w r =key t"},
-        {"expect", "w r =colour n"},
-        {"expect", "w r =ticked"},
-        {"expect", "w r =unticked"},
-        {"expect", "w r =selected"},
-        {"expect", "w r =bold"},
+        {"expect", "c t"},
+        {"expect", "c =enabled"},
+        {"expect", "c =disabled"},
+        {"expect", "c =visible"},
+        {"expect", "c =hidden"},
+        {"expect", "c =focused"},
+        {"expect", "c =readonly"},
+        {"expect", "c =rows n"},
+        {"expect", "c =columns t"},
+        {"expect", "c =tip t"},
+        {"expect", "c =node t t"},
+        {"expect", "c =node t =bold"},
+        {"expect", "c =node t =plain"},
+        {"expect", "c =node t =absent"},
+        {"expect", "c r n t"},
+        {"expect", "c r n =tag t"},
+        {"expect", "c r =key t"},
+        {"expect", "c r =colour n"},
+        {"expect", "c r =ticked"},
+        {"expect", "c r =unticked"},
+        {"expect", "c r =selected"},
+        {"expect", "c r =bold"},
     };
     return table;
 }
@@ -166,6 +167,12 @@ bool fits(const Word& word, std::string_view kind)
     switch (kind.front()) {
     case 'w':
         return true;
+    case 'c': {
+        constexpr std::array<std::string_view, 17> reserved{
+            "caption", "open",    "closed", "loaded",  "box",  "nobox", "preview", "pages", "printed",
+            "detail",  "details", "sql",    "setting", "file", "ended", "running", "fault"};
+        return word.quoted || std::find(reserved.begin(), reserved.end(), word.text) == reserved.end();
+    }
     case 't':
         return word.quoted;
     case 'n':
