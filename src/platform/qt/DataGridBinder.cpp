@@ -1,0 +1,554 @@
+#include "platform/qt/DataGridBinder.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "platform/qt/Conversions.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/TextBinders.h"
+#include "platform/qt/Theme.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr int buttonRole = Qt::UserRole;
+
+QRect buttonIn(const QRect& cell)
+{
+    const int side = std::min(cell.height(), cell.width());
+    return {cell.right() - side + 1, cell.top(), side, side};
+}
+
+class CellDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (!index.data(buttonRole).toBool()) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        QStyleOptionViewItem text = option;
+        text.rect.setRight(buttonIn(option.rect).left() - 1);
+        QStyledItemDelegate::paint(painter, text, index);
+        QStyleOptionButton button;
+        button.rect = buttonIn(option.rect).adjusted(1, 1, -1, -1);
+        button.text = QStringLiteral("…");
+        button.state = option.state | QStyle::State_Raised;
+        button.palette = option.palette;
+        button.fontMetrics = option.fontMetrics;
+        option.widget->style()->drawControl(QStyle::CE_PushButton, &button, painter, option.widget);
+    }
+};
+
+}  // namespace
+
+// --- model
+
+QVariant DataGridModel::data(const QModelIndex& index, int role) const
+{
+    const DataGrid* records = grid();
+    const auto row = static_cast<std::size_t>(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    if (records == nullptr || row >= records->shownRows() || column >= records->columns().size()) {
+        return {};
+    }
+    const DataColumn& info = records->columns()[column];
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return toQt(records->cellText(row, column));
+    case Qt::TextAlignmentRole:
+        return static_cast<int>((info.align == Align::right    ? Qt::AlignRight
+                                 : info.align == Align::centre ? Qt::AlignHCenter
+                                                               : Qt::AlignLeft) |
+                                Qt::AlignVCenter);
+    case buttonRole:
+        return info.button;
+    default:
+        return {};
+    }
+}
+
+QVariant DataGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const DataGrid* records = grid();
+    if (records == nullptr) {
+        return {};
+    }
+    const auto at = static_cast<std::size_t>(section);
+    if (orientation == Qt::Vertical) {
+        if (role == Qt::DisplayRole) {
+            const bool current = at == records->row();
+            const bool newRow = at >= records->dataRows();
+            return current && records->editing() ? QStringLiteral("✎")
+                   : newRow                      ? QStringLiteral("*")
+                   : current                     ? QStringLiteral("▸")
+                                                 : QString();
+        }
+        return role == Qt::TextAlignmentRole ? QVariant(static_cast<int>(Qt::AlignCenter)) : QVariant();
+    }
+    if (at >= records->columns().size()) {
+        return {};
+    }
+    if (role == Qt::DisplayRole) {
+        return toQt(records->caption(at));
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return data(index(0, section), Qt::TextAlignmentRole).isValid()
+                   ? data(index(0, section), Qt::TextAlignmentRole)
+                   : QVariant(static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
+    }
+    return {};
+}
+
+// --- view
+
+QSize DataGridWidget::sizeHint() const
+{
+    return {std::clamp(horizontalHeader()->length() + verticalHeader()->width() + theme::pixels(24), theme::pixels(320),
+                       theme::pixels(900)),
+            horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 8 + 4};
+}
+
+QSize DataGridWidget::minimumSizeHint() const
+{
+    return {theme::pixels(200), horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 3};
+}
+
+void DataGridWidget::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    pressing_ = true;
+    following = true;
+    QTableView::mousePressEvent(event);
+    following = false;
+    pressing_ = false;
+    if (index.isValid() && event->button() == Qt::LeftButton && clickedCell) {
+        clickedCell(index, event->position().toPoint());
+    }
+}
+
+void DataGridWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid() && event->button() == Qt::LeftButton && doubleClickedCell) {
+        doubleClickedCell(index);
+    }
+}
+
+void DataGridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!following && !pressing_ && current.isValid() && movedTo) {
+        movedTo(current);
+    }
+}
+
+void DataGridWidget::updateGeometries()
+{
+    QTableView::updateGeometries();
+    if (moved) {
+        moved();
+    }
+}
+
+void DataGridWidget::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    if (moved) {
+        moved();
+    }
+}
+
+// --- binder
+
+DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* parent)
+    : BinderOf(window, grid),
+      view_(new DataGridWidget(parent)),
+      model_(new DataGridModel),
+      editor_(nullptr)
+{
+    setWidget(view_);
+    model_->setParent(view_);
+    model_->grid = [this]() -> const DataGrid* { return alive() ? &c() : nullptr; };
+    view_->setModel(model_);
+    view_->setItemDelegate(new CellDelegate(view_));
+    view_->setSelectionMode(QAbstractItemView::SingleSelection);
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view_->setTabKeyNavigation(false);
+    view_->setAlternatingRowColors(true);
+    view_->verticalHeader()->setDefaultSectionSize(theme::fieldHeight(view_->font()));
+    view_->verticalHeader()->setFixedWidth(theme::pixels(24));
+    view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view_->horizontalHeader()->setHighlightSections(false);
+    editor_ = new LineEdit(view_->viewport());
+    editor_->hide();
+    QPalette yellow = editor_->palette();
+    yellow.setColor(QPalette::Base, toQt(colours::focusYellow));
+    yellow.setColor(QPalette::Text, Qt::black);
+    editor_->setPalette(yellow);
+    editor_->pasted = [this](const QString& text) { desktop().paste(*this, text); };
+    QObject::connect(editor_, &QLineEdit::textEdited, editor_, [this](const QString& text) {
+        if (!following_) {
+            enter([this, text] { c().userEditText(fromQt(text)); });
+        }
+    });
+    view_->clickedCell = [this](const QModelIndex& index, QPoint at) {
+        wholeRow_ = -1;
+        const auto row = static_cast<std::size_t>(index.row());
+        const auto column = static_cast<std::size_t>(index.column());
+        if (alive() && c().columns()[column].button && button(index).contains(at)) {
+            enter([this, row, column] { c().userButton(row, column); });
+        } else {
+            moveTo(row, column);
+        }
+    };
+    view_->doubleClickedCell = [this](const QModelIndex& /*index*/) {
+        if (alive()) {
+            if (c().onDblClick) {
+                enter([this] { desktop().interaction().doubleClick(c()); });
+            } else {
+                begin(toQt(c().cellText(c().row(), c().col())));
+            }
+        }
+    };
+    view_->movedTo = [this](const QModelIndex& index) {
+        wholeRow_ = -1;
+        moveTo(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
+    };
+    view_->moved = [this] {
+        if (alive()) {
+            shareSpareWidth();
+            layEditor();
+        }
+    };
+    QObject::connect(view_->verticalHeader(), &QHeaderView::sectionPressed, view_, [this](int section) {
+        if (!alive()) {
+            return;
+        }
+        enter([this, section] {
+            if (desktop().interaction().focus(c()) && c().userMove(static_cast<std::size_t>(section), c().col())) {
+                wholeRow_ = section;
+            }
+        });
+        if (alive() && wholeRow_ == section) {
+            view_->following = true;
+            view_->selectRow(section);
+            view_->following = false;
+        } else if (alive()) {
+            followCurrent();
+        }
+    });
+    QObject::connect(view_->horizontalHeader(), &QHeaderView::sectionResized, view_, [this](int, int, int) {
+        if (!laying_ && view_->isVisible()) {
+            byHand_ = true;
+        }
+    });
+}
+
+void DataGridBinder::detach()
+{
+    view_->following = true;
+    following_ = true;
+    editor_->hide();
+    Binder::detach();
+}
+
+QWidget* DataGridBinder::focusWidget() const
+{
+    return alive() && c().editing() ? static_cast<QWidget*>(editor_) : view_;
+}
+
+QRect DataGridBinder::cell(std::size_t row, std::size_t column) const
+{
+    return view_->visualRect(model_->index(static_cast<int>(row), static_cast<int>(column)));
+}
+
+QRect DataGridBinder::button(const QModelIndex& index) const
+{
+    return buttonIn(view_->visualRect(index));
+}
+
+// --- what the hand does
+
+bool DataGridBinder::begin(const QString& text)
+{
+    bool begun = false;
+    enter([this, &begun, text] { begun = c().userBeginEdit(fromQt(text)); });
+    return begun;
+}
+
+void DataGridBinder::moveTo(std::size_t row, std::size_t column)
+{
+    enter([this, row, column] { c().userMove(row, column); });
+    if (alive()) {
+        followCurrent();  // also back, where the cell was kept
+    }
+}
+
+void DataGridBinder::move(int rows, int columns)
+{
+    const auto shown = [this](int column) {
+        const DataColumn& info = c().columns()[static_cast<std::size_t>(column)];
+        return info.visible && info.width != 0;
+    };
+    const int row =
+        std::clamp(static_cast<int>(c().row()) + rows, 0, std::max(0, static_cast<int>(c().shownRows()) - 1));
+    int column = static_cast<int>(c().col());
+    const int count = static_cast<int>(c().columns().size());
+    for (int next = column + columns; columns != 0 && next >= 0 && next < count; next += columns) {
+        if (shown(next)) {
+            column = next;
+            break;
+        }
+    }
+    moveTo(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+}
+
+void DataGridBinder::deleteRow(std::size_t row)
+{
+    wholeRow_ = -1;
+    enter([this, row] { c().userDeleteRow(row); });
+}
+
+bool DataGridBinder::editorKey(QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        enter([this] { c().userEndEdit(true); });
+        return true;
+    case Qt::Key_Up:
+        move(-1, 0);
+        return true;
+    case Qt::Key_Down:
+        move(1, 0);
+        return true;
+    case Qt::Key_Left:
+        if (editor_->cursorPosition() == 0 && !editor_->hasSelectedText() && event.modifiers() == Qt::NoModifier) {
+            move(0, -1);
+            return true;
+        }
+        return false;
+    case Qt::Key_Right:
+        if (editor_->cursorPosition() == editor_->text().size() && !editor_->hasSelectedText() &&
+            event.modifiers() == Qt::NoModifier) {
+            move(0, 1);
+            return true;
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool DataGridBinder::cellKey(QKeyEvent& event)
+{
+    const QString current = toQt(c().cellText(c().row(), c().col()));
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        begin(current);
+        return true;
+    case Qt::Key_Delete:
+        if (wholeRow_ >= 0 || event.modifiers().testFlag(Qt::ControlModifier)) {
+            deleteRow(wholeRow_ >= 0 ? static_cast<std::size_t>(wholeRow_) : c().row());
+        } else {
+            begin(QString());
+        }
+        return true;
+    case Qt::Key_Backspace:
+        begin(QString());
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        move(event.key() == Qt::Key_Up ? -1 : 1, 0);
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        move(0, event.key() == Qt::Key_Left ? -1 : 1);
+        return true;
+    default:
+        break;
+    }
+    const char32_t typed = typedCharacter(event);
+    if (typed == U' ' && c().col() < c().columns().size() && c().columns()[c().col()].button) {
+        enter([this] { c().userButton(c().row(), c().col()); });
+        return true;
+    }
+    if (typed >= 32) {
+        begin(QString::fromUcs4(&typed, 1));
+        return true;
+    }
+    return false;
+}
+
+bool DataGridBinder::key(QKeyEvent& event)
+{
+    if (!alive() || c().columns().empty()) {
+        return false;
+    }
+    return c().editing() ? editorKey(event) : cellKey(event);
+}
+
+void DataGridBinder::insert(const QString& text)
+{
+    if (c().editing()) {
+        editor_->insert(text);
+    } else {
+        begin(text);
+    }
+}
+
+// --- what the record says
+
+void DataGridBinder::followColumns()
+{
+    view_->following = true;
+    laying_ = true;
+    model_->followColumns(static_cast<int>(c().shownRows()), static_cast<int>(c().columns().size()));
+    for (std::size_t i = 0; i < c().columns().size(); ++i) {
+        const DataColumn& info = c().columns()[i];
+        const int column = static_cast<int>(i);
+        view_->setColumnHidden(column, !info.visible || info.width == 0);
+        if (info.visible && info.width != 0) {
+            const int heading = view_->fontMetrics().horizontalAdvance(toQt(c().caption(i))) + theme::pixels(16);
+            view_->setColumnWidth(column, std::max(theme::twips(info.width), heading));
+        }
+    }
+    laying_ = false;
+    view_->following = false;
+    byHand_ = false;
+    shareSpareWidth();
+    followCurrent();
+}
+
+// The widest column of text takes what room is left.
+void DataGridBinder::shareSpareWidth()
+{
+    if (laying_ || byHand_ || model_->columnCount() != static_cast<int>(c().columns().size())) {
+        return;
+    }
+    int widest = -1;
+    int total = 0;
+    for (int i = 0; i < model_->columnCount(); ++i) {
+        const DataColumn& info = c().columns()[static_cast<std::size_t>(i)];
+        if (!info.visible || info.width == 0) {
+            continue;
+        }
+        total += view_->columnWidth(i);
+        const bool text = info.align == Align::left;
+        if (widest < 0 || (text && info.width >= c().columns()[static_cast<std::size_t>(widest)].width)) {
+            widest = i;
+        }
+    }
+    if (widest < 0) {
+        return;
+    }
+    const int least = theme::twips(c().columns()[static_cast<std::size_t>(widest)].width);
+    const int width = std::max(least, view_->columnWidth(widest) + view_->viewport()->width() - total);
+    if (width != view_->columnWidth(widest)) {
+        laying_ = true;
+        view_->setColumnWidth(widest, width);
+        laying_ = false;
+    }
+}
+
+void DataGridBinder::followCurrent()
+{
+    view_->following = true;
+    if (c().row() < c().shownRows() && c().col() < c().columns().size()) {
+        view_->setCurrentIndex(model_->index(static_cast<int>(c().row()), static_cast<int>(c().col())));
+    } else {
+        view_->selectionModel()->clear();
+    }
+    view_->following = false;
+    view_->verticalHeader()->viewport()->update();
+    followEditor();
+}
+
+void DataGridBinder::followEditor()
+{
+    if (!c().editing()) {
+        if (!editor_->isHidden()) {
+            const bool had = editor_->hasFocus();
+            editor_->hide();
+            if (had) {
+                view_->setFocus(Qt::OtherFocusReason);
+            }
+        }
+        return;
+    }
+    const QString text = toQt(c().editText());
+    if (editor_->text() != text) {
+        following_ = true;
+        editor_->setText(text);
+        following_ = false;
+    }
+    if (editor_->isHidden()) {
+        const Align align = c().columns()[c().col()].align;
+        editor_->setAlignment(align == Align::right ? Qt::AlignRight : Qt::AlignLeft);
+        editor_->end(false);
+        layEditor();
+        editor_->show();
+        editor_->raise();
+        if (view_->hasFocus()) {
+            editor_->setFocus(Qt::OtherFocusReason);
+        }
+    }
+}
+
+void DataGridBinder::layEditor()
+{
+    if (c().editing()) {
+        editor_->setGeometry(cell(c().row(), c().col()));
+    }
+}
+
+void DataGridBinder::follow(Aspect aspect, std::size_t row)
+{
+    switch (aspect) {
+    case Aspect::columns:
+        followColumns();
+        break;
+    case Aspect::items:
+        view_->following = true;
+        model_->followRows(static_cast<int>(c().shownRows()));
+        view_->following = false;
+        followCurrent();
+        break;
+    case Aspect::row:
+        if (model_->rowCount() != static_cast<int>(c().shownRows())) {
+            follow(Aspect::items, row);
+            break;
+        }
+        model_->rowsChanged(static_cast<int>(row), static_cast<int>(row));
+        view_->verticalHeader()->viewport()->update();
+        followEditor();
+        break;
+    case Aspect::selection:
+        if (static_cast<int>(row) != wholeRow_) {
+            wholeRow_ = -1;
+        }
+        followCurrent();
+        break;
+    default:
+        break;
+    }
+}
+
+void DataGridBinder::followAll()
+{
+    followColumns();
+}
+
+}  // namespace bravona

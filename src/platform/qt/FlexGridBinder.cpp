@@ -1,0 +1,340 @@
+#include "platform/qt/FlexGridBinder.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "platform/qt/Conversions.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/Theme.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr int pictureRole = Qt::UserRole;
+
+Qt::Alignment alignment(int code)
+{
+    return (code == 7 ? Qt::AlignRight : code == 4 ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+// Draws the paid and unpaid marks; texts are the style's.
+class MarkDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const int picture = index.data(pictureRole).toInt();
+        if (picture != static_cast<int>(FlexGrid::Picture::none)) {
+            theme::drawMark(*painter, option.rect, picture == static_cast<int>(FlexGrid::Picture::paid),
+                            option.palette);
+        }
+    }
+};
+
+}  // namespace
+
+// --- model
+
+QVariant FlexGridModel::data(const QModelIndex& index, int role) const
+{
+    const FlexGrid* records = grid();
+    const int row = index.row() + 1;
+    if (records == nullptr || row >= records->rows() || index.column() >= records->cols()) {
+        return {};
+    }
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(records->text(row, index.column()));
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(alignment(records->colAlignment(index.column())));
+    case Qt::ForegroundRole: {
+        const auto colour = records->rowColour(row) ? records->rowColour(row) : records->foreColour();
+        return colour ? QVariant(theme::readable(*colour, QApplication::palette().color(QPalette::Base))) : QVariant();
+    }
+    case Qt::AccessibleTextRole:
+        switch (records->picture(row, index.column())) {
+        case FlexGrid::Picture::paid:
+            return QStringLiteral("Pagata");
+        case FlexGrid::Picture::unpaid:
+            return QStringLiteral("Da pagare");
+        case FlexGrid::Picture::none:
+            break;
+        }
+        return {};
+    case pictureRole:
+        return static_cast<int>(records->picture(row, index.column()));
+    default:
+        return {};
+    }
+}
+
+QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const FlexGrid* records = grid();
+    if (records == nullptr || orientation != Qt::Horizontal || records->rows() == 0 || section >= records->cols()) {
+        return {};
+    }
+    if (role == Qt::DisplayRole) {
+        return toQt(records->text(0, section));
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return static_cast<int>(alignment(records->colAlignment(section)));
+    }
+    return {};
+}
+
+// --- view
+
+QSize FlexGridWidget::sizeHint() const
+{
+    return {std::clamp(horizontalHeader()->length() + theme::pixels(24), theme::pixels(320), theme::pixels(900)),
+            horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 8 + 4};
+}
+
+QSize FlexGridWidget::minimumSizeHint() const
+{
+    return {theme::pixels(200), horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 3};
+}
+
+void FlexGridWidget::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    pressing_ = true;
+    QTableView::mousePressEvent(event);
+    pressing_ = false;
+    if (index.isValid() && event->button() == Qt::LeftButton && clickedCell) {
+        clickedCell(index.row() + 1, index.column());
+    }
+}
+
+void FlexGridWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid() && event->button() == Qt::LeftButton && doubleClickedCell) {
+        doubleClickedCell(index.row() + 1, index.column());
+    }
+}
+
+void FlexGridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!following && !pressing_ && current.isValid() && movedTo) {
+        movedTo(current.row() + 1, current.column());
+    }
+}
+
+void FlexGridWidget::updateGeometries()
+{
+    QTableView::updateGeometries();
+    if (moved) {
+        moved();
+    }
+}
+
+void FlexGridWidget::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    if (moved) {
+        moved();
+    }
+}
+
+// --- binder
+
+FlexGridBinder::FlexGridBinder(FormWindow& window, FlexGrid& grid, QWidget* parent)
+    : BinderOf(window, grid),
+      view_(new FlexGridWidget(parent)),
+      model_(new FlexGridModel)
+{
+    setWidget(view_);
+    model_->setParent(view_);
+    model_->grid = [this]() -> const FlexGrid* { return alive() ? &c() : nullptr; };
+    view_->setModel(model_);
+    view_->setItemDelegate(new MarkDelegate(view_));
+    view_->setSelectionMode(QAbstractItemView::SingleSelection);
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view_->setTabKeyNavigation(false);
+    view_->setAlternatingRowColors(true);
+    view_->setTextElideMode(Qt::ElideRight);
+    view_->verticalHeader()->setVisible(false);
+    view_->verticalHeader()->setDefaultSectionSize(
+        std::max(theme::fieldHeight(view_->font()), theme::twips(grid.rowHeight)));
+    view_->horizontalHeader()->setHighlightSections(false);
+    view_->horizontalHeader()->setSectionsMovable(false);
+    view_->clickedCell = [this](int row, int col) { enter([this, row, col] { c().userClick(row, col); }); };
+    view_->doubleClickedCell = [this](int row, int col) { enter([this, row, col] { c().userDblClick(row, col); }); };
+    view_->movedTo = [this](int row, int col) { enter([this, row, col] { c().userMove(row, col); }); };
+    view_->horizontalHeader()->setSectionsClickable(true);
+    QObject::connect(view_->horizontalHeader(), &QHeaderView::sectionClicked, view_, [this](int col) {
+        enter([this, col] {
+            if (desktop().interaction().focus(c())) {
+                c().userClick(0, col);
+            }
+        });
+    });
+    view_->moved = [this] {
+        if (alive()) {
+            shareSpareWidth();
+            layEditors();
+        }
+    };
+}
+
+void FlexGridBinder::detach()
+{
+    view_->following = true;
+    Binder::detach();
+}
+
+QRect FlexGridBinder::cell(int row, int col) const
+{
+    return view_->visualRect(model_->index(row - 1, col));
+}
+
+void FlexGridBinder::followColumns()
+{
+    view_->following = true;
+    model_->followColumns(std::max(0, c().rows() - 1), c().cols());
+    for (int col = 0; col < c().cols(); ++col) {
+        const int width = c().colWidth(col);
+        view_->setColumnHidden(col, width == 0);
+        if (width != 0) {
+            const int heading =
+                view_->fontMetrics().horizontalAdvance(c().rows() > 0 ? toQt(c().text(0, col)) : QString());
+            view_->setColumnWidth(
+                col, std::max(width < 0 ? theme::pixels(96) : theme::twips(width), heading + theme::pixels(14)));
+        }
+    }
+    view_->following = false;
+    followCurrent();
+    layEditors();
+}
+
+// The last column in sight reaches to the edge.
+void FlexGridBinder::shareSpareWidth()
+{
+    int last = -1;
+    int total = 0;
+    for (int col = 0; col < c().cols() && col < model_->columnCount(); ++col) {
+        if (c().colWidth(col) != 0) {
+            last = col;
+            total += view_->columnWidth(col);
+        }
+    }
+    if (last < 0 || laying_) {
+        return;
+    }
+    const int told = c().colWidth(last);
+    const int least = told < 0 ? theme::pixels(96) : theme::twips(told);
+    const int width = std::max(least, view_->columnWidth(last) + view_->viewport()->width() - total);
+    if (width != view_->columnWidth(last)) {
+        laying_ = true;
+        view_->setColumnWidth(last, width);
+        laying_ = false;
+    }
+}
+
+void FlexGridBinder::followRows()
+{
+    view_->following = true;
+    model_->followRows(std::max(0, c().rows() - 1));
+    view_->following = false;
+    followCurrent();
+    layEditors();
+}
+
+void FlexGridBinder::followCurrent()
+{
+    view_->following = true;
+    if (c().row() >= 1 && c().row() < c().rows() && c().cols() > 0) {
+        view_->setCurrentIndex(model_->index(c().row() - 1, c().col()));
+    } else {
+        view_->selectionModel()->clear();
+    }
+    view_->following = false;
+}
+
+void FlexGridBinder::followEditors()
+{
+    for (const FlexGrid::Overlay& overlay : c().overlays()) {
+        if (overlay.editor != nullptr) {
+            window().binderFor(*overlay.editor, view_->viewport());
+        }
+    }
+    layEditors();
+}
+
+void FlexGridBinder::layEditors()
+{
+    for (const FlexGrid::Overlay& overlay : c().overlays()) {
+        const Binder* binder = overlay.editor != nullptr ? window().binder(*overlay.editor) : nullptr;
+        if (binder == nullptr || binder->widget() == nullptr || overlay.row < 1 || overlay.row >= c().rows()) {
+            continue;
+        }
+        QWidget* editor = binder->widget();
+        const QRect place = cell(overlay.row, overlay.col);
+        editor->setMinimumSize(0, 0);
+        editor->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        // An editor with a button may need more than its cell.
+        const int width =
+            editor->layout() != nullptr ? std::max(place.width(), editor->sizeHint().width()) : place.width();
+        editor->setGeometry(place.left(), place.top(), width, place.height());
+        editor->raise();
+    }
+}
+
+void FlexGridBinder::follow(Aspect aspect, std::size_t row)
+{
+    switch (aspect) {
+    case Aspect::columns:
+        followColumns();
+        break;
+    case Aspect::items:
+        followRows();
+        break;
+    case Aspect::row:
+        if (row == 0) {
+            if (model_->columnCount() > 0) {
+                Q_EMIT model_->headerDataChanged(Qt::Horizontal, 0, model_->columnCount() - 1);
+            }
+        } else {
+            model_->rowsChanged(static_cast<int>(row) - 1, static_cast<int>(row) - 1);
+        }
+        break;
+    case Aspect::selection:
+        followCurrent();
+        layEditors();
+        break;
+    case Aspect::scroll:
+        view_->scrollToBottom();
+        break;
+    case Aspect::structure:
+        if (row >= 1) {
+            view_->scrollTo(model_->index(static_cast<int>(row) - 1, std::max(0, c().col())));
+        }
+        followEditors();
+        break;
+    default:
+        break;
+    }
+}
+
+void FlexGridBinder::followColours()
+{
+    model_->rowsChanged(0, model_->rowCount() - 1);
+}
+
+void FlexGridBinder::followAll()
+{
+    followColumns();
+    followEditors();
+}
+
+}  // namespace bravona

@@ -1,0 +1,498 @@
+#include "platform/qt/FormWindow.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+#include <algorithm>
+
+#include "platform/qt/Binder.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/FieldBinders.h"
+#include "platform/qt/LayoutBuilder.h"
+#include "platform/qt/Menus.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/Shells.h"
+#include "platform/qt/Theme.h"
+
+namespace bravona {
+
+FormWindow::FormWindow(QtDesktop& desktop, Form& form) : desktop_(desktop), form_(&form)
+{
+    build();
+    form.setObserver(this);
+}
+
+FormWindow::~FormWindow()
+{
+    if (form_ != nullptr) {
+        detach();
+    }
+    delete shell_;
+    delete content_;
+}
+
+// --- contents
+
+void FormWindow::build()
+{
+    content_ = new QWidget;
+    content_->setObjectName(toQt(form_->name()));
+    const bool bare = form_->style() == WindowStyle::splash;
+    LayoutBuilder(*this).build(form_->layout(), content_, bare ? 0 : theme::group());
+    for (const Line& line : lines_) {
+        for (const Control* control : line.contents) {
+            if (const Binder* known = control->focusable() ? binder(*control) : nullptr) {
+                line.label->setBuddy(known->focusWidget());
+                break;
+            }
+        }
+    }
+    followLines();
+    followForm();
+}
+
+Binder& FormWindow::place(Control& control, QWidget* parent)
+{
+    auto made = makeBinder(*this, control, parent);
+    Binder& result = *made;
+    controls_[made->widget()] = &control;
+    binders_[&control] = std::move(made);
+    return result;
+}
+
+Binder* FormWindow::binder(const Control& control) const
+{
+    const auto known = binders_.find(&control);
+    return known == binders_.end() ? nullptr : known->second.get();
+}
+
+Binder& FormWindow::binderFor(Control& control, QWidget* parent)
+{
+    if (Binder* known = binder(control)) {
+        if (known->widget()->parentWidget() != parent) {
+            known->widget()->setParent(parent);
+        }
+        return *known;
+    }
+    Binder& made = place(control, parent);
+    made.refresh();
+    made.widget()->setVisible(control.visible());
+    return made;
+}
+
+void FormWindow::addLine(QLabel* label, std::vector<Control*> contents, bool hidesWithContents)
+{
+    lines_.push_back({label, std::move(contents), hidesWithContents});
+}
+
+void FormWindow::followLines()
+{
+    for (const Line& line : lines_) {
+        if (line.hides && line.label) {
+            line.label->setVisible(line.contents.empty() || std::any_of(line.contents.begin(), line.contents.end(),
+                                                                        [](const Control* c) { return c->visible(); }));
+        }
+    }
+}
+
+Control* FormWindow::controlOf(const QWidget* widget) const
+{
+    for (; widget != nullptr && widget != content_; widget = widget->parentWidget()) {
+        if (const auto known = controls_.find(widget); known != controls_.end()) {
+            return known->second;
+        }
+    }
+    return nullptr;
+}
+
+// --- following
+
+void FormWindow::changed(Control& control, Aspect aspect, std::size_t row)
+{
+    if (form_ == nullptr) {
+        return;
+    }
+    if (Binder* known = binder(control)) {
+        known->changed(aspect, row);
+        if (aspect == Aspect::visible) {
+            followLines();
+            growLater();
+        } else if (aspect == Aspect::text &&
+                   (control.kind() == ControlKind::label || control.kind() == ControlKind::button)) {
+            growLater();
+        }
+    }
+}
+
+void FormWindow::changed(Form& /*form*/)
+{
+    if (form_ != nullptr) {
+        followForm();
+    }
+}
+
+void FormWindow::followForm()
+{
+    for (const auto& [control, binder] : binders_) {
+        if (control->kind() == ControlKind::button) {
+            static_cast<ButtonBinder&>(*binder).setDefault(control == form_->defaultButton());
+        }
+    }
+    if (shell_) {
+        shell_->setWindowTitle(toQt(form_->caption()));
+    }
+    if (MainShell* shell = main()) {
+        followMenu();
+        if (form_->statusBar) {
+            shell->setPanels(form_->statusBar->panels);
+        }
+    }
+}
+
+void FormWindow::followMenu()
+{
+    if (!form_->menuBar) {
+        return;
+    }
+    QtDesktop& desktop = desktop_;
+    Form& form = *form_;
+    menus::follow(*main()->menuBar(), *form_->menuBar,
+                  [&desktop, &form](Menu& entry) { desktop.enter([&] { desktop.interaction().menu(form, entry); }); });
+}
+
+// --- shells
+
+QWidget* FormWindow::topLevel() const
+{
+    return shell_ ? shell_->window() : nullptr;
+}
+
+MainShell* FormWindow::main() const
+{
+    return kind_ == Kind::main ? static_cast<MainShell*>(shell_.data()) : nullptr;
+}
+
+void FormWindow::show(QWidget* owner, MainShell* main)
+{
+    Kind wanted = Kind::window;
+    if (form_->style() == WindowStyle::main) {
+        wanted = Kind::main;
+    } else if (form_->style() == WindowStyle::splash) {
+        wanted = Kind::splash;
+    } else if (main != nullptr && !form_->modal() && form_->owner() == nullptr) {
+        wanted = Kind::child;
+    }
+    if (!shell_ || wanted != kind_ || (wanted == Kind::window && owner != owner_)) {
+        dropShell();
+        makeShell(wanted, owner, main);
+    }
+    if (shell_->isMinimized()) {
+        shell_->showNormal();
+    }
+    if (!shell_->isVisible()) {
+        placeShell();
+        content_->show();
+        const auto kept = desktop_.places().place(toQt(form_->name()));
+        if (kept && kept->maximised && form_->style() != WindowStyle::dialog && kind_ != Kind::splash) {
+            shell_->showMaximized();
+        } else {
+            shell_->show();
+        }
+    }
+    if (kind_ == Kind::child) {
+        main->area()->setActiveSubWindow(static_cast<ChildShell*>(shell_.data()));
+    } else if (kind_ != Kind::splash) {
+        shell_->activateWindow();
+    }
+    shell_->raise();
+}
+
+void FormWindow::makeShell(Kind kind, QWidget* owner, MainShell* main)
+{
+    kind_ = kind;
+    owner_ = owner;
+    switch (kind) {
+    case Kind::main:
+        makeMain();
+        break;
+    case Kind::child:
+        makeChild(*main);
+        break;
+    default:
+        makeWindow(owner, kind == Kind::splash);
+        break;
+    }
+    desktop_.know(*this);
+    followForm();
+}
+
+void FormWindow::makeMain()
+{
+    auto* shell = new MainShell;
+    shell_ = shell;
+    shell->closeAsked = [this] { closeAsked(); };
+    shell->area()->doubleClicked = [this] {
+        desktop_.enter([this] {
+            if (form_ != nullptr && !desktop_.blocked(*form_)) {
+                desktop_.interaction().leaveField(*form_, [this] { form_->onDblClick(); });
+            }
+        });
+    };
+}
+
+namespace {
+
+// Contents that are larger than what room there is scroll; otherwise nobody sees that they could.
+QScrollArea* scrolling(QWidget* content, QWidget* parent)
+{
+    auto* scroll = new QScrollArea(parent);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    content->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
+    return scroll;
+}
+
+}  // namespace
+
+void FormWindow::makeChild(MainShell& main)
+{
+    auto* shell = new ChildShell;
+    shell_ = shell;
+    scroll_ = scrolling(content_, shell);
+    shell->setWidget(scroll_);
+    shell->setAttribute(Qt::WA_DeleteOnClose, false);
+    shell->closeAsked = [this] { closeAsked(); };
+    Qt::WindowFlags flags = Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                            Qt::WindowCloseButtonHint;
+    if (form_->style() != WindowStyle::dialog) {
+        flags |= Qt::WindowMinMaxButtonsHint;
+    }
+    main.area()->addSubWindow(shell, flags);
+    shell->setWindowIcon(QGuiApplication::windowIcon());
+}
+
+void FormWindow::makeWindow(QWidget* owner, bool bare)
+{
+    auto* shell = new DialogShell(
+        owner, bare ? Qt::SplashScreen | Qt::FramelessWindowHint
+                    : Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint |
+                          (form_->style() == WindowStyle::dialog ? Qt::WindowFlags() : Qt::WindowMaximizeButtonHint));
+    shell_ = shell;
+    shell->closeAsked = [this] { closeAsked(); };
+    auto* box = new QVBoxLayout(shell);
+    box->setContentsMargins(0, 0, 0, 0);
+    scroll_ = scrolling(content_, shell);
+    box->addWidget(scroll_);
+    if (form_->modal()) {
+        shell->setWindowModality(owner != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
+    }
+}
+
+void FormWindow::dropShell()
+{
+    if (!shell_) {
+        return;
+    }
+    savePlace();
+    if (scroll_) {
+        scroll_->takeWidget();
+    }
+    content_->setParent(nullptr);
+    content_->hide();
+    desktop_.forget(*this);
+    shell_->hide();
+    shell_->deleteLater();
+    shell_.clear();
+    scroll_.clear();
+    kind_ = Kind::none;
+}
+
+void FormWindow::closeAsked()
+{
+    desktop_.enter([this] {
+        if (form_ != nullptr) {
+            desktop_.interaction().close(*form_);
+        }
+    });
+}
+
+void FormWindow::hide()
+{
+    if (shell_) {
+        savePlace();
+        shell_->hide();
+    }
+}
+
+void FormWindow::detach()
+{
+    if (form_ == nullptr) {
+        return;
+    }
+    savePlace();
+    form_->setObserver(nullptr);
+    for (const auto& [control, binder] : binders_) {
+        binder->detach();
+    }
+    desktop_.forget(*this);
+    form_ = nullptr;
+    if (shell_) {
+        shell_->hide();
+    }
+}
+
+// --- places
+
+QSize FormWindow::wantedSize() const
+{
+    QSize size = content_->sizeHint().expandedTo(content_->minimumSizeHint());
+    if (content_->layout() != nullptr && content_->layout()->hasHeightForWidth()) {
+        size.setHeight(
+            std::max(content_->layout()->totalHeightForWidth(size.width()), content_->minimumSizeHint().height()));
+    }
+    if (kind_ == Kind::child) {
+        // The frame and the title around the contents.
+        const int frame = shell_->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, shell_);
+        const int title = shell_->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, shell_);
+        size += QSize(2 * frame, title + frame + 2);
+    }
+    return size;
+}
+
+QRect FormWindow::room() const
+{
+    if (kind_ == Kind::child) {
+        return static_cast<ChildShell*>(shell_.data())->mdiArea()->viewport()->rect();
+    }
+    const QScreen* screen =
+        owner_ != nullptr && owner_->screen() != nullptr ? owner_->screen() : QGuiApplication::primaryScreen();
+    return screen->availableGeometry();
+}
+
+void FormWindow::placeShell()
+{
+    const QRect space = room();
+    const bool fixed = form_->style() == WindowStyle::dialog || kind_ == Kind::splash;
+    const auto kept = desktop_.places().place(toQt(form_->name()));
+    QSize size = kind_ == Kind::main ? QSize(theme::pixels(1180), theme::pixels(780)) : wantedSize();
+    if (kept && !fixed) {
+        size = kind_ == Kind::main ? kept->rect.size()
+                                   : kept->rect.size().expandedTo(wantedSize().boundedTo(space.size()));
+    }
+    size = size.boundedTo(space.size());
+    if (fixed) {
+        shell_->setFixedSize(size);
+    } else {
+        shell_->resize(size);
+    }
+    QRect place(QPoint(), size);
+    if (kept && kind_ != Kind::splash) {
+        place.moveTopLeft(kept->rect.topLeft());
+    } else if (kind_ == Kind::window && owner_ != nullptr) {
+        place.moveCenter(owner_->window()->frameGeometry().center());
+    } else {
+        place.moveCenter(space.center());
+    }
+    place.moveLeft(std::clamp(place.left(), space.left(), std::max(space.left(), space.right() - place.width() + 1)));
+    place.moveTop(std::clamp(place.top(), space.top(), std::max(space.top(), space.bottom() - place.height() + 1)));
+    shell_->move(place.topLeft());
+    placed_ = true;
+}
+
+void FormWindow::savePlace()
+{
+    if (!shell_ || !shell_->isVisible() || form_ == nullptr || kind_ == Kind::splash || shell_->isMinimized()) {
+        return;
+    }
+    const bool maximised = shell_->isMaximized();
+    QRect rect(shell_->pos(), shell_->size());
+    if (maximised) {
+        const auto kept = desktop_.places().place(toQt(form_->name()));
+        rect = kept ? kept->rect : QRect(shell_->pos(), wantedSize());
+    }
+    desktop_.places().setPlace(toQt(form_->name()), {rect, maximised});
+}
+
+void FormWindow::centre(bool onScreen)
+{
+    if (!shell_ || desktop_.places().place(toQt(form_->name()))) {
+        return;  // where the person left it, or in the middle by itself
+    }
+    QRect space = room();
+    if (!onScreen && kind_ == Kind::window && owner_ != nullptr) {
+        space = owner_->window()->frameGeometry();
+    }
+    QRect place(QPoint(), shell_->size());
+    place.moveCenter(space.center());
+    shell_->move(std::max(place.left(), 0), std::max(place.top(), 0));
+}
+
+void FormWindow::growLater()
+{
+    if (growing_ || !shell_ || !shell_->isVisible()) {
+        return;
+    }
+    growing_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            growing_ = false;
+            if (form_ != nullptr && shell_ && shell_->isVisible() && !shell_->isMaximized()) {
+                grow();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void FormWindow::grow()
+{
+    if (kind_ != Kind::child && kind_ != Kind::window) {
+        return;
+    }
+    const QRect space = room();
+    const bool fixed = form_->style() == WindowStyle::dialog;
+    const QSize wanted = wantedSize();
+    const QSize size = (fixed ? wanted : shell_->size().expandedTo(wanted)).boundedTo(space.size());
+    if (size == shell_->size()) {
+        return;
+    }
+    if (fixed) {
+        shell_->setFixedSize(size);
+    } else {
+        shell_->resize(size);
+    }
+    QRect place(shell_->pos(), size);
+    place.moveLeft(std::max(space.left(), std::min(place.left(), space.right() - place.width() + 1)));
+    place.moveTop(std::max(space.top(), std::min(place.top(), space.bottom() - place.height() + 1)));
+    shell_->move(place.topLeft());
+}
+
+void FormWindow::takeFocus(const Control& control)
+{
+    Binder* known = binder(control);
+    if (known == nullptr || !known->alive() || known->focusWidget() == nullptr) {
+        return;
+    }
+    QWidget* target = known->focusWidget();
+    if (shell_ && kind_ == Kind::child) {
+        auto* shell = static_cast<ChildShell*>(shell_.data());
+        if (shell->mdiArea() != nullptr && shell->mdiArea()->activeSubWindow() != shell) {
+            shell->mdiArea()->setActiveSubWindow(shell);
+        }
+    }
+    target->setFocus(Qt::OtherFocusReason);
+    known->focused();
+    if (scroll_) {
+        scroll_->ensureWidgetVisible(target, theme::unit(), theme::unit());
+    }
+}
+
+}  // namespace bravona

@@ -1,0 +1,110 @@
+#include "platform/qt/Menus.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "platform/qt/Conversions.h"
+#include "platform/text/Text.h"
+
+namespace bravona::menus {
+
+namespace {
+
+void followEntry(QAction& action, const Menu& entry)
+{
+    const QString caption = toQt(entry.caption);
+    if (action.text() != caption) {
+        action.setText(caption);
+    }
+    action.setEnabled(entry.enabled);
+    action.setVisible(entry.visible);
+}
+
+// True when the actions stand for these entries one by one; they are brought up to date then.
+bool followEntries(const QList<QAction*>& actions, const Menu& record)
+{
+    if (actions.size() != static_cast<qsizetype>(record.entries.size())) {
+        return false;
+    }
+    for (qsizetype i = 0; i < actions.size(); ++i) {
+        const Menu& entry = *record.entries[static_cast<std::size_t>(i)];
+        QAction& action = *actions[i];
+        const bool hasMenu = action.menu() != nullptr;
+        if (action.isSeparator() != entry.separator || action.objectName() != toQt(entry.name) ||
+            hasMenu == entry.entries.empty() || (hasMenu && !followEntries(action.menu()->actions(), entry))) {
+            return false;
+        }
+        if (!entry.separator) {
+            followEntry(action, entry);
+        }
+    }
+    return true;
+}
+
+template <class Target>
+void addEntries(Target& target, Menu& record, const Chosen& chosen)
+{
+    for (const auto& entry : record.entries) {
+        Menu& one = *entry;
+        if (one.separator) {
+            target.addSeparator()->setObjectName(toQt(one.name));
+            continue;
+        }
+        QAction* action = nullptr;
+        if (one.entries.empty()) {
+            action = target.addAction(toQt(one.caption));
+            if (!one.shortcut.empty()) {
+                // Shown only: the core knows the keys.
+                action->setShortcut(QKeySequence(toQt(one.shortcut)));
+                action->setShortcutContext(Qt::WidgetShortcut);
+            }
+            QObject::connect(action, &QAction::triggered, action, [chosen, &one] { chosen(one); });
+        } else {
+            auto* inner = new QMenu(toQt(one.caption), &target);
+            fill(*inner, one, chosen);
+            // What can be chosen may have changed without a word.
+            QObject::connect(inner, &QMenu::aboutToShow, inner,
+                             [inner, &one] { followEntries(inner->actions(), one); });
+            action = target.addMenu(inner);
+        }
+        action->setObjectName(toQt(one.name));
+        followEntry(*action, one);
+    }
+}
+
+}  // namespace
+
+void follow(QMenuBar& bar, Menu& record, const Chosen& chosen)
+{
+    if (followEntries(bar.actions(), record)) {
+        return;
+    }
+    // The old ones may be running.
+    for (QAction* action : bar.actions()) {
+        bar.removeAction(action);
+        action->menu() != nullptr ? action->menu()->deleteLater() : action->deleteLater();
+    }
+    addEntries(bar, record, chosen);
+}
+
+void fill(QMenu& menu, Menu& record, const Chosen& chosen)
+{
+    addEntries(menu, record, chosen);
+}
+
+bool openByLetter(QMenuBar& bar, char32_t letter)
+{
+    const std::u32string wanted = toCodePoints(upper(fromCodePoints(std::u32string(1, letter))));
+    for (QAction* action : bar.actions()) {
+        if (!wanted.empty() && action->isVisible() && action->isEnabled() &&
+            mnemonic(fromQt(action->text())) == wanted.front()) {
+            bar.setFocus(Qt::MenuBarFocusReason);
+            bar.setActiveAction(action);
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace bravona::menus

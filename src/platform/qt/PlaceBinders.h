@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QComboBox>
+#include <QListWidget>
+
+#include "platform/qt/Binder.h"
+#include "platform/windowing/Parts.h"
+
+namespace bravona {
+
+// Places to start from, the folders of a place, the files of a folder.
+
+class DriveBinder final : public BinderOf<DriveList> {
+public:
+    DriveBinder(FormWindow& window, DriveList& drives, QWidget* parent);
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followAll() override;
+
+private:
+    QComboBox* combo_;
+};
+
+class DirBinder final : public BinderOf<DirList> {
+public:
+    DirBinder(FormWindow& window, DirList& folders, QWidget* parent);
+    bool key(QKeyEvent& event) override;  // Enter goes into a folder, Backspace out of it
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followAll() override;
+
+private:
+    void goTo(const QString& name);
+    QListWidget* list_;
+};
+
+class FileBinder final : public BinderOf<FileList> {
+public:
+    FileBinder(FormWindow& window, FileList& files, QWidget* parent);
+    void detach() override;
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followAll() override;
+
+private:
+    void followChoice();
+    QListWidget* list_;
+    bool following_ = false;
+};
+
+}  // namespace bravona

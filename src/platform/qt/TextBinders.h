@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "platform/qt/Binder.h"
+#include "platform/windowing/Fields.h"
+
+class QCalendarWidget;
+class QToolButton;
+
+namespace bravona {
+
+// Single-line entry whose pasted and dropped texts pass the key filters.
+class LineEdit final : public QLineEdit {
+public:
+    explicit LineEdit(QWidget* parent);
+    std::function<void(const QString&)> pasted;
+    std::function<bool()> doubleClicked;    // true when somebody listens
+    std::function<void(QPoint)> menuAsked;  // a pop-up menu of the screen's own
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+};
+
+class TextEdit final : public QPlainTextEdit {
+public:
+    explicit TextEdit(QWidget* parent) : QPlainTextEdit(parent) {}
+    std::function<void(const QString&)> pasted;
+    std::function<bool()> doubleClicked;
+    int lines = 1;
+    int characters = 20;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+};
+
+class LineBinder final : public BinderOf<TextBox> {
+public:
+    LineBinder(FormWindow& window, TextBox& box, QWidget* parent);
+    void insert(const QString& text) override;
+    void focused() override { followCaret(); }
+    [[nodiscard]] bool takesText() const override { return !c().locked(); }
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followColours() override;
+    void followAll() override;
+
+private:
+    void followText();
+    void followCaret();
+    void caretMoved();
+    LineEdit* edit_;
+    QPalette base_;
+    bool following_ = false;
+};
+
+class MultiLineBinder final : public BinderOf<TextBox> {
+public:
+    MultiLineBinder(FormWindow& window, TextBox& box, QWidget* parent);
+    void insert(const QString& text) override;
+    void focused() override { followCaret(); }
+    [[nodiscard]] bool takesText() const override { return !c().locked(); }
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followColours() override;
+    void followAll() override;
+
+private:
+    void followText();
+    void followCaret();
+    void caretMoved();
+    TextEdit* edit_;
+    QPalette base_;
+    bool following_ = false;
+};
+
+// A line for typing the date and a button that opens a calendar.
+class DateBinder final : public BinderOf<DatePicker> {
+public:
+    DateBinder(FormWindow& window, DatePicker& picker, QWidget* parent);
+    [[nodiscard]] QWidget* focusWidget() const override { return edit_; }
+    void insert(const QString& text) override;
+    [[nodiscard]] bool takesText() const override { return true; }
+    void focused() override;
+    bool key(QKeyEvent& event) override;  // Up and Down go by a day, F4 and Alt+Down open the calendar
+    void openCalendar();
+    [[nodiscard]] QToolButton* button() const { return button_; }
+
+protected:
+    void follow(Aspect aspect, std::size_t row) override;
+    void followColours() override;
+    void followAll() override;
+
+private:
+    LineEdit* edit_;
+    QToolButton* button_;
+    QPalette base_;
+    bool following_ = false;
+};
+
+}  // namespace bravona

@@ -1,0 +1,238 @@
+#include "platform/qt/Theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <QProxyStyle>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/Conversions.h"
+
+namespace bravona::theme {
+
+namespace {
+
+// On a dark ground an empty check box or option is hardly to be seen: a brighter outline.
+class OutliningStyle final : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+        if ((!box && element != PE_IndicatorRadioButton) || !dark(option->palette)) {
+            return;
+        }
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(faint(option->palette), 1));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        box ? painter->drawRoundedRect(outline, 2, 2) : painter->drawEllipse(outline);
+        painter->restore();
+    }
+};
+
+}  // namespace
+
+void install()
+{
+    static constexpr const char* mark = "bravonaStyle";
+    if (!qApp->property(mark).toBool()) {
+        QApplication::setStyle(new OutliningStyle(QApplication::style()->name()));
+        qApp->setProperty(mark, true);
+    }
+}
+
+double scale()
+{
+    return std::max(0.5, QFontInfo(QApplication::font()).pixelSize() / 13.0);
+}
+
+int pixels(int size)
+{
+    return static_cast<int>(std::lround(size * scale()));
+}
+
+int unit()
+{
+    return pixels(6);
+}
+
+int group()
+{
+    return pixels(12);
+}
+
+int twips(int size)
+{
+    return pixels(size / 15);
+}
+
+int textWidth(const QFont& font, int characters)
+{
+    const QFontMetricsF metrics(font);
+    // Wide fields hold running text, narrow ones figures and codes.
+    const double each = characters <= 12
+                            ? std::max(metrics.horizontalAdvance(QLatin1Char('0')), metrics.averageCharWidth())
+                            : metrics.averageCharWidth() * 1.05;
+    return static_cast<int>(std::ceil(each * characters));
+}
+
+int fieldHeight(const QFont& font)
+{
+    QStyleOptionFrame option;
+    option.fontMetrics = QFontMetrics(font);
+    option.lineWidth = 1;
+    const QSize text(10, std::max(option.fontMetrics.height(), pixels(14)) + 2);
+    return QApplication::style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr).height();
+}
+
+QFont font(const QFont& base, TextStyle style, bool fixedPitch)
+{
+    QFont result = base;
+    if (fixedPitch) {
+        result = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        if (base.pointSizeF() > 0) {
+            result.setPointSizeF(base.pointSizeF());
+        }
+    }
+    const double size = base.pointSizeF() > 0 ? base.pointSizeF() : 10.0;
+    switch (style) {
+    case TextStyle::title:
+        result.setPointSizeF(size * 1.35);
+        result.setWeight(QFont::DemiBold);
+        break;
+    case TextStyle::total:
+        result.setPointSizeF(size * 1.12);
+        result.setWeight(QFont::DemiBold);
+        break;
+    case TextStyle::grand:
+        result.setPointSizeF(size * 1.5);
+        result.setWeight(QFont::Bold);
+        break;
+    case TextStyle::normal:
+    case TextStyle::hint:
+        break;
+    }
+    return result;
+}
+
+bool dark(const QPalette& palette)
+{
+    return palette.color(QPalette::Base).lightness() < 128;
+}
+
+namespace {
+
+double luminance(const QColor& colour)
+{
+    const auto channel = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * channel(colour.redF()) + 0.7152 * channel(colour.greenF()) + 0.0722 * channel(colour.blueF());
+}
+
+QColor mixed(const QColor& a, const QColor& b, double share)
+{
+    const auto channel = [share](int from, int to) {
+        return static_cast<int>(std::lround(from + (to - from) * share));
+    };
+    return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
+}
+
+}  // namespace
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor readable(Colour colour, const QColor& ground)
+{
+    constexpr double wanted = 4.5;
+    const QColor exact = toQt(colour);
+    if (ground.lightness() >= 128) {
+        return exact;
+    }
+    for (double share = 0; share < 1; share += 0.05) {
+        const QColor lighter = mixed(exact, Qt::white, share);
+        if (contrast(lighter, ground) >= wanted) {
+            return lighter;
+        }
+    }
+    return Qt::white;
+}
+
+QColor faint(const QPalette& palette)
+{
+    return mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.62);
+}
+
+QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnly)
+{
+    QPalette result = base;
+    const auto set = [&result](QPalette::ColorRole role, const QColor& colour) {
+        result.setColor(QPalette::Active, role, colour);
+        result.setColor(QPalette::Inactive, role, colour);
+    };
+    if (readOnly) {
+        set(QPalette::Base, base.color(QPalette::Window));
+        set(QPalette::Text, base.color(QPalette::WindowText));
+    }
+    result.setColor(QPalette::Disabled, QPalette::Base, base.color(QPalette::Disabled, QPalette::Window));
+    // White is how a field looks that has not the focus: the system's own ground.
+    const auto& back = control.backColour();
+    const bool own = back && *back != colours::white;
+    if (own) {
+        set(QPalette::Base, toQt(*back));
+        set(QPalette::Text, toQt(*back).lightness() >= 128 ? Qt::black : Qt::white);
+        set(QPalette::PlaceholderText, Qt::darkGray);
+    }
+    if (control.foreColour()) {
+        set(QPalette::Text, readable(*control.foreColour(), result.color(QPalette::Active, QPalette::Base)));
+    }
+    return result;
+}
+
+void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette)
+{
+    const int side = std::min({cell.width() - 4, cell.height() - 6, pixels(16)});
+    if (side < 4) {
+        return;
+    }
+    QRectF box(0, 0, side, side);
+    box.moveCenter(QRectF(cell).center());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor green = readable(rgb(0, 128, 0), palette.color(QPalette::Base));
+    if (paid) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(green);
+        painter.drawRoundedRect(box, side / 5.0, side / 5.0);
+        QPainterPath tick;
+        tick.moveTo(box.left() + side * 0.22, box.top() + side * 0.54);
+        tick.lineTo(box.left() + side * 0.43, box.top() + side * 0.74);
+        tick.lineTo(box.left() + side * 0.79, box.top() + side * 0.28);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(green.lightness() < 160 ? Qt::white : Qt::black, side / 7.0, Qt::SolidLine, Qt::RoundCap,
+                            Qt::RoundJoin));
+        painter.drawPath(tick);
+    } else {
+        painter.setPen(QPen(faint(palette), std::max(1.0, side / 12.0)));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), side / 5.0, side / 5.0);
+    }
+    painter.restore();
+}
+
+}  // namespace bravona::theme

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QWidget>
+
+#include "platform/windowing/Events.h"
+#include "platform/windowing/Fields.h"
+
+namespace bravona::theme {
+
+// Puts the program's small corrections over the system's style; more than once does nothing.
+void install();
+
+// How large the system's font is, against one of 13 pixels; all sizes follow it.
+double scale();
+int unit();                          // between fields: 6 pixels at scale 1
+int group();                         // between groups and around the contents: 12
+int pixels(int size);                // a size told for scale 1
+int twips(int size);                 // 1/1440 inch
+int fieldHeight(const QFont& font);  // of an entry field of one line
+// Room for so many characters of a usual text, without margins.
+int textWidth(const QFont& font, int characters);
+
+QFont font(const QFont& base, TextStyle style, bool fixedPitch);
+
+bool dark(const QPalette& palette);
+double contrast(const QColor& a, const QColor& b);
+// The colour as it stands on a light ground, lightened to a contrast of 4.5 : 1 on a dark one.
+QColor readable(Colour colour, const QColor& ground);
+QColor faint(const QPalette& palette);  // text of hints and empty lists
+
+// Palette of an entry field: its own colours (the focus yellow with black text, whatever the palette) or the system's;
+// a read-only one lies on the window's background.
+QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnly);
+
+// The paid and unpaid marks of a grid, centred in the cell.
+void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette);
+
+}  // namespace bravona::theme
