@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/values/Errore.h"
+#include "program/CartellaProgramma.h"
+#include "support/Fallimento.h"
+
+namespace bravona {
+namespace {
+
+namespace fs = std::filesystem;
+
+class CartellaProgramma : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        std::string modello = (fs::temp_directory_path() / "bravona-cartella-XXXXXX").string();
+        radice_ = mkdtemp(modello.data());
+        scrivi("fornita/Database/DBBVEURO.mdb", "consegnato");
+        scrivi("fornita/logo/logo.gif", "marchio");
+    }
+    void TearDown() override { fs::remove_all(radice_); }
+
+    void scrivi(const std::string& nome, const std::string& testo) const
+    {
+        fs::create_directories((radice_ / nome).parent_path());
+        std::ofstream(radice_ / nome) << testo;
+    }
+    [[nodiscard]] std::string leggi(const std::string& nome) const
+    {
+        std::ostringstream testo;
+        testo << std::ifstream(radice_ / nome).rdbuf();
+        return testo.str();
+    }
+    void prepara()
+    {
+        preparaCartellaProgramma(files_, (radice_ / "programma").string(), (radice_ / "fornita").string());
+    }
+
+    fs::path radice_;
+    Files files_;
+};
+
+TEST_F(CartellaProgramma, IlPrimoAvvioPrendeQuantoEFornito)
+{
+    prepara();
+    EXPECT_EQ(leggi("programma/Database/DBBVEURO.mdb"), "consegnato");
+    EXPECT_EQ(leggi("programma/logo/logo.gif"), "marchio");
+    EXPECT_TRUE(fs::is_directory(radice_ / "programma" / "images"));
+}
+
+TEST_F(CartellaProgramma, IDueNomiSonoLoStessoFile)
+{
+    prepara();
+    scrivi("programma/Database/DBBVEURO.mdb", "lavorato");
+    EXPECT_EQ(leggi("programma/dbbveuro.mdb"), "lavorato");
+}
+
+TEST_F(CartellaProgramma, UnAltroAvvioLasciaIlLavoroDellaPersona)
+{
+    prepara();
+    scrivi("programma/Database/DBBVEURO.mdb", "lavorato");
+    scrivi("programma/logo/logo.gif", "mio");
+    fs::remove(radice_ / "programma" / "dbbveuro.mdb");
+    prepara();
+    EXPECT_EQ(leggi("programma/Database/DBBVEURO.mdb"), "lavorato");
+    EXPECT_EQ(leggi("programma/logo/logo.gif"), "mio");
+    EXPECT_EQ(leggi("programma/dbbveuro.mdb"), "lavorato");
+}
+
+TEST_F(CartellaProgramma, SenzaArchivioFornitoLAvvioLoDice)
+{
+    fs::remove_all(radice_ / "fornita");
+    EXPECT_EQ(numeroDelFallimento([this] {
+                  prepara();
+                  return 0;
+              }),
+              errori::fileMancante);
+}
+
+}  // namespace
+}  // namespace bravona
