@@ -278,12 +278,13 @@ void LayoutBuilder::addLine(QGridLayout& grid, int row, const Layout& line, QWid
     auto* box = new QHBoxLayout;
     box->setSpacing(theme::unit());
     grid.addLayout(box, row, 1);
+    if (line.children.size() == 1 && line.children.front().kind == Layout::Kind::row) {
+        fill(*box, line.children.front(), parent);
+        return;
+    }
     Layout inner;
     inner.kind = Layout::Kind::row;
     inner.children = line.children;
-    if (inner.children.size() == 1 && inner.children.front().kind == Layout::Kind::row) {
-        inner = inner.children.front();
-    }
     fill(*box, inner, parent);
 }
 
