@@ -1,7 +1,6 @@
 #include "support/journey/ProgramFolder.h"
 
 #include <array>
-#include <cstdint>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -17,12 +16,7 @@ namespace fs = std::filesystem;
 
 fs::path temporaryFolder()
 {
-    // The archive is flushed to the disk at each commit; in memory that costs nothing.
-    const fs::path memory = "/dev/shm";
-    std::error_code ignored;
-    const bool useMemory = std::getenv("TMPDIR") == nullptr && fs::is_directory(memory, ignored) &&
-                           fs::space(memory, ignored).available > (std::uintmax_t{64} << 20);
-    std::string pattern = ((useMemory ? memory : fs::temp_directory_path()) / "bravona-XXXXXX").string();
+    std::string pattern = (fs::temp_directory_path() / "bravona-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) {
         throw std::runtime_error("no temporary folder can be made");
     }
