@@ -13,6 +13,14 @@ namespace bravona {
 namespace {
 
 constexpr std::array percentuali{50, 75, 100, 125, 150, 200, 300};
+constexpr std::size_t nomeBreve = 24;  // characters of a file name beside the commands
+
+// The folder of a path, its separator included.
+std::string_view Cartella(std::string_view percorso)
+{
+    const std::size_t separatore = percorso.find_last_of("/\\");
+    return percorso.substr(0, separatore == std::string_view::npos ? 0 : separatore + 1);
+}
 
 }  // namespace
 
@@ -29,7 +37,6 @@ frmAnteprima::frmAnteprima(Desktop& desktop, const std::string& title, Pages pag
     }
     cmbZoom.width = 16;
     lblStato.style = TextStyle::hint;
-    lblCerca.style = TextStyle::hint;
     txtPagina.align = Align::right;
     txtPagina.setAccessibleName("Pagina");
     pvwPagine.setAccessibleName("Pagine");
@@ -81,9 +88,8 @@ void frmAnteprima::disponi()
     add("cmdSuccessiva", cmdSuccessiva);
     add("cmdUltima", cmdUltima);
     add("cmbZoom", cmbZoom);
-    add("txtCerca", txtCerca);
-    add("lblCerca", lblCerca);
     add("pvwPagine", pvwPagine);
+    add("txtCerca", txtCerca);
     add("lblStato", lblStato);
     add("cmdStampa", cmdStampa);
     add("cmdPdf", cmdPdf);
@@ -91,9 +97,9 @@ void frmAnteprima::disponi()
     using namespace layout;
     setLayout(column({
         row({of(cmdPrima), of(cmdPrecedente), line("Pa&gina", of(txtPagina)), of(lblDi), of(cmdSuccessiva),
-             of(cmdUltima), line("&Zoom", of(cmbZoom)), line("Cerc&a", of(txtCerca)), of(lblCerca), stretch()}),
+             of(cmdUltima), line("&Zoom", of(cmbZoom)), stretch()}),
         grow(of(pvwPagine)),
-        row({of(lblStato), stretch(), of(cmdStampa), of(cmdPdf), of(cmdChiudi)}),
+        row({line("Cerc&a", of(txtCerca)), of(lblStato), stretch(), of(cmdStampa), of(cmdPdf), of(cmdChiudi)}),
     }));
 }
 
@@ -160,7 +166,7 @@ void frmAnteprima::Cerca()
     const auto& tutte = pages().pages;
     const bool presente =
         testo.empty() || (!tutte.empty() && containsText(tutte[static_cast<std::size_t>(pvwPagine.page())], testo));
-    lblCerca.setCaption(presente ? std::string() : "non in questa pagina");
+    lblStato.setCaption(presente ? std::string() : "non in questa pagina");
 }
 
 void frmAnteprima::CercaSuccessiva()
@@ -177,7 +183,7 @@ void frmAnteprima::CercaSuccessiva()
             return;
         }
     }
-    lblCerca.setCaption("Testo non trovato");
+    lblStato.setCaption("Testo non trovato");
 }
 
 void frmAnteprima::Stampa()
@@ -196,7 +202,8 @@ void frmAnteprima::SalvaPdf()
         *percorso += ".pdf";
     }
     desktop().exportPdf(pages(), *percorso, suggestedName_);
-    lblStato.setCaption("Salvato in " + *percorso);
+    const std::string file = percorso->substr(Cartella(*percorso).size());
+    lblStato.setCaption("Salvato: " + (length(file) > nomeBreve ? left(file, nomeBreve) + "…" : file));
 }
 
 void frmAnteprima::onKeyDown(KeyEvent& event)

@@ -25,9 +25,8 @@ public:
     Label lblDi;
     ComboBox cmbZoom;
     TextBox txtCerca{18};
-    Label lblCerca;
     PageView pvwPagine;
-    Label lblStato;
+    Label lblStato;  // what the search or the saving came to
     Button cmdStampa{"&Stampa..."}, cmdPdf{"Salva come &PDF..."}, cmdChiudi{"&Chiudi"};
 
     void onLoad() override;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/ArchivioTemporaneo.h"
 #include "support/UtenteDiProva.h"
 
 namespace bravona {
@@ -105,31 +106,45 @@ TEST_F(Anteprima, findsATextOnAnotherPage)
     utente.key({.key = Key::character, .character = U'f', .ctrl = true});
     utente.type("rossi");
     EXPECT_EQ(form.pvwPagine.search(), "rossi");
-    EXPECT_EQ(form.lblCerca.caption(), "non in questa pagina");
+    EXPECT_EQ(form.lblStato.caption(), "non in questa pagina");
     utente.key(Key::enter);
     EXPECT_EQ(form.txtPagina.text(), "3");
-    EXPECT_EQ(form.lblCerca.caption(), "");
+    EXPECT_EQ(form.lblStato.caption(), "");
     utente.type(form.txtCerca, "verdi\n");
     EXPECT_EQ(form.txtPagina.text(), "3");
-    EXPECT_EQ(form.lblCerca.caption(), "Testo non trovato");
+    EXPECT_EQ(form.lblStato.caption(), "Testo non trovato");
 }
 
 TEST_F(Anteprima, printsAndSavesTheSamePages)
 {
     mostra(2);
     utente.key({.key = Key::character, .character = U'p', .ctrl = true});
-    utente.answerFile("fattura");
-    utente.click(dynamic_cast<frmAnteprima&>(*utente.front()).cmdPdf);
+    const CartellaTemporanea cartella;
+    utente.answerFile(cartella.file("fattura"));
+    auto& form = dynamic_cast<frmAnteprima&>(*utente.front());
+    utente.click(form.cmdPdf);
+    EXPECT_EQ(form.lblStato.caption(), "Salvato: fattura.pdf");
     utente.answerFile("");
-    utente.click(dynamic_cast<frmAnteprima&>(*utente.front()).cmdPdf);
+    utente.click(form.cmdPdf);
     const auto& carte = utente.transcript().papers;
     ASSERT_EQ(carte.size(), 2U);
     EXPECT_EQ(carte[0].path, "");
     EXPECT_EQ(carte[0].title, "Bravona - Anteprima DDT");
     EXPECT_EQ(carte[0].pages.pages.size(), 2U);
-    EXPECT_EQ(carte[1].path, "fattura.pdf");
+    EXPECT_EQ(carte[1].path, cartella.file("fattura.pdf"));
     EXPECT_EQ(carte[1].title, "DDT 12 2004 Rossi");
     EXPECT_EQ(carte[1].pages.pages.size(), 2U);
+}
+
+TEST_F(Anteprima, tellsWhenThePdfCannotBeWrittenAndStaysOpen)
+{
+    frmAnteprima& form = mostra(1);
+    const CartellaTemporanea cartella;
+    utente.answerFile(cartella.file("manca/fattura.pdf"));
+    utente.click(form.cmdPdf);
+    EXPECT_TRUE(utente.lastBox().fault);
+    EXPECT_EQ(form.lblStato.caption(), "");
+    EXPECT_EQ(utente.front(), &form);
 }
 
 TEST_F(Anteprima, severalStandSideBySideAndCloseByEscape)
