@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "support/DocumentoDiProva.h"
 #include "printing/arptDDTvb.h"
 #include "printing/arptFatturaDifferitavb.h"
 #include "printing/arptFatturaImmediatavb.h"
 #include "printing/arptFatturaProformavb.h"
+#include "support/DocumentoDiProva.h"
 
 namespace bravona {
 namespace {
