@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "documents/modRegistrazione.h"
+#include "platform/values/Errore.h"
+#include "support/ArchivioTemporaneo.h"
+#include "support/Vettori.h"
+
+namespace bravona {
+namespace {
+
+using Json = nlohmann::json;
+
+class StockUnloading : public ::testing::Test {
+protected:
+    static Currency importo(const Json& unita) { return Currency::fromTenThousandths(unita.get<std::int64_t>()); }
+
+    void metti(const Json& articoli)
+    {
+        archivio.cn.execute("DELETE * FROM Articoli");
+        Recordset tabella = archivio.cn.openTable("Articoli");
+        for (const auto& [codice, a] : articoli.items()) {
+            tabella.addNew();
+            tabella["CodiceMagazzino"] = codice;
+            for (const char* quantita : {"Carico", "Scarico", "Giacenza"})
+                tabella[quantita] = a[quantita].get<double>();
+            for (const char* valore : {"CostoUltimo", "CostoMedio", "CaricoValore", "ScaricoValore"}) {
+                tabella[valore] = importo(a[valore]);
+            }
+            tabella.update();
+        }
+    }
+
+    void confronta(const Json& articoli)
+    {
+        for (const auto& [codice, a] : articoli.items()) {
+            SCOPED_TRACE(codice);
+            Recordset r = archivio.cn.open("SELECT * FROM Articoli WHERE CodiceMagazzino='" + codice + "'");
+            for (const char* quantita : {"Carico", "Scarico", "Giacenza"}) {
+                EXPECT_NEAR(r[quantita].asDouble(), a[quantita].get<double>(), 1e-9) << quantita;
+            }
+            for (const char* valore : {"CostoUltimo", "CostoMedio", "CaricoValore", "ScaricoValore"}) {
+                EXPECT_EQ(r[valore].asCurrency(), importo(a[valore])) << valore;
+            }
+            EXPECT_EQ(r["DataUltimoScarico"].text(), a["DataUltimoScarico"].get<std::string>());
+        }
+    }
+
+    ArchivioTemporaneo archivio;
+};
+
+TEST_F(StockUnloading, ArticlesAgreeWithTheModelStepByStep)
+{
+    int provati = 0;
+    for (const Json& caso : casi("stock.json")) {
+        const Json& passi = caso["steps"];
+        if (!std::ranges::all_of(passi, [](const Json& passo) { return passo["operation"] == "unload"; }))
+            continue;
+        SCOPED_TRACE(caso["name"].get<std::string>());
+        ++provati;
+        metti(caso["articles"]);
+        for (const Json& passo : passi) {
+            std::vector<RigaScarico> righe;
+            for (const Json& riga : passo["rows"]) {
+                if (riga["tag"].get<int>() == -5)
+                    continue;
+                righe.push_back({riga["code"].get<std::string>(), riga["quantity"].get<std::string>(),
+                                 riga["price"].get<std::string>(), riga["total"].get<std::string>()});
+            }
+            const Date data = Date::parse(passo["date"].get<std::string>()).value();
+            if (passo["error"].get<std::string>().empty())
+                ScaricaArticoli(archivio.cn, righe, data);
+            else
+                EXPECT_THROW(ScaricaArticoli(archivio.cn, righe, data), Errore);
+            EXPECT_FALSE(archivio.cn.inTransaction());
+            confronta(passo["articles_after"]);
+        }
+    }
+    EXPECT_GT(provati, 0);
+}
+
+}  // namespace
+}  // namespace bravona
