@@ -127,6 +127,7 @@ if ((plain)); then
     folder debug
     start includes scripts/check_includes.py
     start lengths scripts/check_lengths.sh
+    start formatting scripts/format.sh --check
     tests debug prova qt
     collect
 fi
