@@ -9,6 +9,7 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build ccache pkg-config python3   # building
     libsqlcipher-dev libicu-dev qt6-base-dev          # what the program stands on
+    qt6-translations-l10n                             # the toolkit's dialogs in Italian
     fonts-liberation2                                 # the face of the printed pages
     libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev   # tests and benchmarks
     clang-format git                                  # the check of the formatting
