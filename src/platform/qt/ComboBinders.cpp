@@ -95,7 +95,7 @@ ComboBinder::ComboBinder(FormWindow& window, ComboBox& combo, QWidget* parent)
         combo_->setEditable(true);
         combo_->setInsertPolicy(QComboBox::NoInsert);
         combo_->setCompleter(nullptr);
-        auto* edit = new LineEdit(combo_);
+        auto* edit = new EntryLine(combo_);
         combo_->setLineEdit(edit);
         edit->pasted = [this](const QString& text) { desktop().paste(*this, text); };
         QObject::connect(edit, &QLineEdit::textEdited, edit, [this](const QString& text) {
@@ -231,7 +231,7 @@ void ComboBinder::followAll()
 
 ListBoxBinder::ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent)
     : BinderOf(window, list),
-      list_(new QListView(parent)),
+      list_(new Steady<QListView>(parent)),
       model_(new ItemModel([this]() { return alive() ? &c().items() : nullptr; }))
 {
     setWidget(list_);
@@ -243,7 +243,7 @@ ListBoxBinder::ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent)
     list_->setMinimumSize(theme::pixels(140), list_->fontMetrics().lineSpacing() * std::max(2, list.lines) / 2);
     QObject::connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, list_,
                      [this](const QModelIndex& now) {
-                         if (!following_ && now.isValid()) {
+                         if (!list_->following && now.isValid()) {
                              enter([this, row = now.row()] { c().setListIndex(row); });
                          }
                      });
@@ -253,20 +253,20 @@ ListBoxBinder::ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent)
 
 void ListBoxBinder::detach()
 {
-    following_ = true;
+    list_->following = true;
     Binder::detach();
 }
 
 void ListBoxBinder::follow(Aspect aspect, std::size_t /*row*/)
 {
-    following_ = true;
+    list_->following = true;
     if (aspect == Aspect::items) {
         model_->follow();
     }
     if (aspect == Aspect::items || aspect == Aspect::selection) {
         list_->setCurrentIndex(c().listIndex() < 0 ? QModelIndex() : model_->index(c().listIndex()));
     }
-    following_ = false;
+    list_->following = false;
 }
 
 void ListBoxBinder::followAll()

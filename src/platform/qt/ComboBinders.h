@@ -5,6 +5,7 @@
 #include <QListView>
 
 #include "platform/qt/Binder.h"
+#include "platform/qt/Steady.h"
 #include "platform/windowing/Lists.h"
 
 namespace bravona {
@@ -68,9 +69,8 @@ protected:
     void followAll() override;
 
 private:
-    QListView* list_;
+    Steady<QListView>* list_;
     ItemModel* model_;
-    bool following_ = false;
 };
 
 }  // namespace bravona

@@ -29,6 +29,28 @@ Colour fromQt(const QColor& colour)
                static_cast<std::uint32_t>(colour.blue()));
 }
 
+Qt::Alignment toQt(Align align)
+{
+    switch (align) {
+    case Align::right:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case Align::centre:
+        return Qt::AlignHCenter | Qt::AlignVCenter;
+    case Align::left:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+QString oneLine(const std::string& text)
+{
+    QString shown = toQt(text);
+    if (shown.contains(QLatin1Char('\n')) || shown.contains(QLatin1Char('\r'))) {
+        shown.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    }
+    return shown;
+}
+
 qsizetype unitsOf(const QString& text, std::size_t characters)
 {
     qsizetype units = 0;

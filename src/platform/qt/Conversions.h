@@ -16,6 +16,10 @@ std::string fromQt(const QString& text);
 QColor toQt(Colour colour);
 Colour fromQt(const QColor& colour);
 
+Qt::Alignment toQt(Align align);  // vertically in the middle
+// As a cell shows it: a line break is a blank.
+QString oneLine(const std::string& text);
+
 // Positions in characters and in the toolkit's units.
 qsizetype unitsOf(const QString& text, std::size_t characters);
 std::size_t charactersOf(const QString& text, qsizetype units);

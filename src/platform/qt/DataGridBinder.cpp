@@ -16,158 +16,6 @@
 
 namespace bravona {
 
-namespace {
-
-constexpr int buttonRole = Qt::UserRole;
-
-QRect buttonIn(const QRect& cell)
-{
-    const int side = std::min(cell.height(), cell.width());
-    return {cell.right() - side + 1, cell.top(), side, side};
-}
-
-class CellDelegate final : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        if (!index.data(buttonRole).toBool()) {
-            QStyledItemDelegate::paint(painter, option, index);
-            return;
-        }
-        QStyleOptionViewItem text = option;
-        text.rect.setRight(buttonIn(option.rect).left() - 1);
-        QStyledItemDelegate::paint(painter, text, index);
-        QStyleOptionButton button;
-        button.rect = buttonIn(option.rect).adjusted(1, 1, -1, -1);
-        button.text = QStringLiteral("…");
-        button.state = option.state | QStyle::State_Raised;
-        button.palette = option.palette;
-        button.fontMetrics = option.fontMetrics;
-        option.widget->style()->drawControl(QStyle::CE_PushButton, &button, painter, option.widget);
-    }
-};
-
-}  // namespace
-
-// --- model
-
-QVariant DataGridModel::data(const QModelIndex& index, int role) const
-{
-    const DataGrid* records = grid();
-    const auto row = static_cast<std::size_t>(index.row());
-    const auto column = static_cast<std::size_t>(index.column());
-    if (records == nullptr || row >= records->shownRows() || column >= records->columns().size()) {
-        return {};
-    }
-    const DataColumn& info = records->columns()[column];
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::ToolTipRole:
-        return toQt(records->cellText(row, column));
-    case Qt::TextAlignmentRole:
-        return static_cast<int>((info.align == Align::right    ? Qt::AlignRight
-                                 : info.align == Align::centre ? Qt::AlignHCenter
-                                                               : Qt::AlignLeft) |
-                                Qt::AlignVCenter);
-    case buttonRole:
-        return info.button;
-    default:
-        return {};
-    }
-}
-
-QVariant DataGridModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    const DataGrid* records = grid();
-    if (records == nullptr) {
-        return {};
-    }
-    const auto at = static_cast<std::size_t>(section);
-    if (orientation == Qt::Vertical) {
-        if (role == Qt::DisplayRole) {
-            const bool current = at == records->row();
-            const bool newRow = at >= records->dataRows();
-            return current && records->editing() ? QStringLiteral("✎")
-                   : newRow                      ? QStringLiteral("*")
-                   : current                     ? QStringLiteral("▸")
-                                                 : QString();
-        }
-        return role == Qt::TextAlignmentRole ? QVariant(static_cast<int>(Qt::AlignCenter)) : QVariant();
-    }
-    if (at >= records->columns().size()) {
-        return {};
-    }
-    if (role == Qt::DisplayRole) {
-        return toQt(records->caption(at));
-    }
-    if (role == Qt::TextAlignmentRole) {
-        return data(index(0, section), Qt::TextAlignmentRole).isValid()
-                   ? data(index(0, section), Qt::TextAlignmentRole)
-                   : QVariant(static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    }
-    return {};
-}
-
-// --- view
-
-QSize DataGridWidget::sizeHint() const
-{
-    return {std::clamp(horizontalHeader()->length() + verticalHeader()->width() + theme::pixels(24), theme::pixels(320),
-                       theme::pixels(900)),
-            horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 8 + 4};
-}
-
-QSize DataGridWidget::minimumSizeHint() const
-{
-    return {theme::pixels(200), horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 3};
-}
-
-void DataGridWidget::mousePressEvent(QMouseEvent* event)
-{
-    const QModelIndex index = indexAt(event->position().toPoint());
-    pressing_ = true;
-    following = true;
-    QTableView::mousePressEvent(event);
-    following = false;
-    pressing_ = false;
-    if (index.isValid() && event->button() == Qt::LeftButton && clickedCell) {
-        clickedCell(index, event->position().toPoint());
-    }
-}
-
-void DataGridWidget::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (index.isValid() && event->button() == Qt::LeftButton && doubleClickedCell) {
-        doubleClickedCell(index);
-    }
-}
-
-void DataGridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous)
-{
-    QTableView::currentChanged(current, previous);
-    if (!following && !pressing_ && current.isValid() && movedTo) {
-        movedTo(current);
-    }
-}
-
-void DataGridWidget::updateGeometries()
-{
-    QTableView::updateGeometries();
-    if (moved) {
-        moved();
-    }
-}
-
-void DataGridWidget::scrollContentsBy(int dx, int dy)
-{
-    QTableView::scrollContentsBy(dx, dy);
-    if (moved) {
-        moved();
-    }
-}
-
 // --- binder
 
 DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* parent)
@@ -180,7 +28,7 @@ DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* pare
     model_->setParent(view_);
     model_->grid = [this]() -> const DataGrid* { return alive() ? &c() : nullptr; };
     view_->setModel(model_);
-    view_->setItemDelegate(new CellDelegate(view_));
+    view_->drawButtons();
     view_->setSelectionMode(QAbstractItemView::SingleSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->setTabKeyNavigation(false);
@@ -189,7 +37,7 @@ DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* pare
     view_->verticalHeader()->setFixedWidth(theme::pixels(24));
     view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view_->horizontalHeader()->setHighlightSections(false);
-    editor_ = new LineEdit(view_->viewport());
+    editor_ = new EntryLine(view_->viewport());
     editor_->hide();
     QPalette yellow = editor_->palette();
     yellow.setColor(QPalette::Base, toQt(colours::focusYellow));
@@ -274,7 +122,7 @@ QRect DataGridBinder::cell(std::size_t row, std::size_t column) const
 
 QRect DataGridBinder::button(const QModelIndex& index) const
 {
-    return buttonIn(view_->visualRect(index));
+    return DataGridWidget::buttonIn(view_->visualRect(index));
 }
 
 // --- what the hand does

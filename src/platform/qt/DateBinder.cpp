@@ -53,7 +53,7 @@ DateBinder::DateBinder(FormWindow& window, DatePicker& picker, QWidget* parent)
     auto* box = new QHBoxLayout(holder);
     box->setContentsMargins(0, 0, 0, 0);
     box->setSpacing(0);
-    edit_ = new LineEdit(holder);
+    edit_ = new EntryLine(holder);
     base_ = edit_->palette();
     button_ = new QToolButton(holder);
     button_->setFocusPolicy(Qt::NoFocus);

@@ -5,6 +5,7 @@
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/RowsModel.h"
+#include "platform/qt/Steady.h"
 #include "platform/windowing/Grids.h"
 
 namespace bravona {
@@ -17,14 +18,13 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 };
 
-class FlexGridWidget final : public QTableView {
+class FlexGridWidget final : public Steady<QTableView> {
 public:
-    explicit FlexGridWidget(QWidget* parent) : QTableView(parent) {}
+    explicit FlexGridWidget(QWidget* parent) : Steady(parent) {}
     std::function<void(int, int)> clickedCell;
     std::function<void(int, int)> doubleClickedCell;
     std::function<void(int, int)> movedTo;
-    std::function<void()> moved;  // scrolled or resized: editors follow their cells
-    bool following = false;
+    std::function<void()> moved;                              // scrolled or resized: editors follow their cells
     void keyboardSearch(const QString& /*text*/) override {}  // letters belong to the screen
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

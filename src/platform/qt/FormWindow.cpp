@@ -51,8 +51,17 @@ void FormWindow::build()
             }
         }
     }
+    if (form_->menuBar && form_->style() != WindowStyle::main) {
+        ownMenu_ = new QMenuBar(content_);
+        content_->layout()->setMenuBar(ownMenu_);
+    }
     followLines();
     followForm();
+}
+
+QMenuBar* FormWindow::menuBar() const
+{
+    return main() != nullptr ? main()->menuBar() : ownMenu_.data();
 }
 
 Binder& FormWindow::place(Control& control, QWidget* parent)
@@ -145,22 +154,20 @@ void FormWindow::followForm()
     if (shell_) {
         shell_->setWindowTitle(toQt(form_->caption()));
     }
-    if (MainShell* shell = main()) {
-        followMenu();
-        if (form_->statusBar) {
-            shell->setPanels(form_->statusBar->panels);
-        }
+    followMenu();
+    if (main() != nullptr && form_->statusBar) {
+        main()->setPanels(form_->statusBar->panels);
     }
 }
 
 void FormWindow::followMenu()
 {
-    if (!form_->menuBar) {
+    if (!form_->menuBar || menuBar() == nullptr) {
         return;
     }
     QtDesktop& desktop = desktop_;
     Form& form = *form_;
-    menus::follow(*main()->menuBar(), *form_->menuBar,
+    menus::follow(*menuBar(), *form_->menuBar,
                   [&desktop, &form](Menu& entry) { desktop.enter([&] { desktop.interaction().menu(form, entry); }); });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMenuBar>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] QWidget* shell() const { return shell_; }
     [[nodiscard]] QWidget* topLevel() const;  // the window of the desktop that it is in
     [[nodiscard]] MainShell* main() const;    // its shell, when it is the main window
+    [[nodiscard]] QMenuBar* menuBar() const;
 
     // A child of the main window's area, or a window of its own over `owner`.
     void show(QWidget* owner, MainShell* main);
@@ -79,8 +81,9 @@ private:
     QPointer<QWidget> shell_;
     Kind kind_ = Kind::none;
     QPointer<QWidget> owner_;
-    bool placed_ = false;   // at least once
-    bool growing_ = false;  // waits to
+    QPointer<QMenuBar> ownMenu_;  // of a window that is not the main one
+    bool placed_ = false;         // at least once
+    bool growing_ = false;        // waits to
     struct Line {
         QPointer<QLabel> label;
         std::vector<Control*> contents;

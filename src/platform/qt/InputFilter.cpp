@@ -211,7 +211,7 @@ bool InputFilter::inputMethod(QWidget& target, QInputMethodEvent& event)
 // --- mouse
 
 // The old field is left before the widget under the pointer hears of the click; true where the click goes no further.
-bool InputFilter::press(QWidget& target, QMouseEvent& event)
+bool InputFilter::press(QWidget& target, QMouseEvent& /*event*/)
 {
     FormWindow* window = desktop_.windowOf(&target);
     if (window == nullptr) {
@@ -233,6 +233,11 @@ bool InputFilter::press(QWidget& target, QMouseEvent& event)
     Control* control = window->controlOf(&target);
     const bool takes = control != nullptr && control->focusable() && control->kind() != ControlKind::tabControl &&
                        control->effectivelyEnabled() && control->effectivelyVisible();
+    // The toolkit has given the focus already; whoever refused it then is not asked twice.
+    if (takes && control == refused_) {
+        refused_ = nullptr;
+        return true;
+    }
     if (!takes || control == form->focusedControl()) {
         return false;
     }
@@ -240,7 +245,7 @@ bool InputFilter::press(QWidget& target, QMouseEvent& event)
     if (!open || open->form() == nullptr || !alive || form->focusedControl() != control) {
         return true;
     }
-    entered_ = event.button() == Qt::LeftButton ? control : nullptr;
+    entered_ = control;
     return false;
 }
 
@@ -282,7 +287,14 @@ void InputFilter::focusIn(QWidget& target, QFocusEvent& event)
         return;
     }
     if (event.reason() == Qt::MouseFocusReason && control->focusable()) {
+        const QPointer<FormWindow> open(window);
         desktop_.interaction().focusMoved(*window->form(), control);
+        const bool here = open && open->form() != nullptr && open->form()->focusedControl() == control;
+        entered_ = here ? control : nullptr;
+        refused_ = here ? nullptr : control;
+        // A press follows at once, or never.
+        QMetaObject::invokeMethod(
+            this, [this] { refused_ = nullptr; }, Qt::QueuedConnection);
     } else {
         // The toolkit's own idea, after something was hidden, disabled or activated: the core knows better.
         desktop_.focusLater();

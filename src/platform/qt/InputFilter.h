@@ -37,6 +37,7 @@ private:
     QtDesktop& desktop_;
     std::vector<const QEvent*> passing_;  // made or already seen by the filter, on their way to a widget
     Control* entered_ = nullptr;          // by the mouse button that is still down
+    const Control* refused_ = nullptr;    // another control kept the focus from it during this press
     bool byKey_ = false;
 };
 

@@ -13,14 +13,6 @@ namespace {
 
 constexpr double twipsPerPoint = 20;
 
-Qt::Alignment alignment(Align align)
-{
-    return (align == Align::right    ? Qt::AlignRight
-            : align == Align::centre ? Qt::AlignHCenter
-                                     : Qt::AlignLeft) |
-           Qt::AlignVCenter;
-}
-
 QPen pen(Colour colour, int width)
 {
     QPen result(toQt(colour), std::max(1, width));
@@ -87,7 +79,7 @@ void paintPrimitive(QPainter& painter, const TextPrimitive& text)
     painter.setFont(face(text.points, text.bold, text.italic));
     painter.setPen(toQt(text.colour));
     painter.drawText(QRectF(text.x, text.y, text.width, text.height),
-                     static_cast<int>(alignment(text.align)) | Qt::TextSingleLine | Qt::TextDontClip, toQt(text.text));
+                     static_cast<int>(toQt(text.align)) | Qt::TextSingleLine | Qt::TextDontClip, toQt(text.text));
 }
 
 void markFinds(QPainter& painter, const TextPrimitive& text, const QString& search)

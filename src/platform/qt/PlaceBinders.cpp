@@ -109,12 +109,12 @@ void DirBinder::followAll()
 
 FileBinder::FileBinder(FormWindow& window, FileList& files, QWidget* parent)
     : BinderOf(window, files),
-      list_(new QListWidget(parent))
+      list_(new Steady<QListWidget>(parent))
 {
     setWidget(list_);
     list_->setMinimumSize(theme::pixels(200), theme::pixels(150));
     QObject::connect(list_, &QListWidget::currentRowChanged, list_, [this](int row) {
-        if (!following_ && row >= 0) {
+        if (!list_->following && row >= 0) {
             enter([this, row] { c().setListIndex(row); });
         }
     });
@@ -124,18 +124,18 @@ FileBinder::FileBinder(FormWindow& window, FileList& files, QWidget* parent)
 
 void FileBinder::detach()
 {
-    following_ = true;
+    list_->following = true;
     Binder::detach();
 }
 
 void FileBinder::followChoice()
 {
-    following_ = true;
+    list_->following = true;
     list_->setCurrentRow(c().listIndex());
     if (c().listIndex() < 0) {
         list_->clearSelection();
     }
-    following_ = false;
+    list_->following = false;
 }
 
 void FileBinder::follow(Aspect aspect, std::size_t /*row*/)
@@ -149,12 +149,12 @@ void FileBinder::follow(Aspect aspect, std::size_t /*row*/)
 
 void FileBinder::followAll()
 {
-    following_ = true;
+    list_->following = true;
     list_->clear();
     for (const std::string& file : c().files()) {
         list_->addItem(new QListWidgetItem(QApplication::style()->standardIcon(QStyle::SP_FileIcon), toQt(file)));
     }
-    following_ = false;
+    list_->following = false;
     followChoice();
 }
 

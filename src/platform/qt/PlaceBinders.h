@@ -4,6 +4,7 @@
 #include <QListWidget>
 
 #include "platform/qt/Binder.h"
+#include "platform/qt/Steady.h"
 #include "platform/windowing/Parts.h"
 
 namespace bravona {
@@ -47,8 +48,7 @@ protected:
 
 private:
     void followChoice();
-    QListWidget* list_;
-    bool following_ = false;
+    Steady<QListWidget>* list_;
 };
 
 }  // namespace bravona

@@ -20,12 +20,12 @@ namespace bravona {
 
 // --- the widgets
 
-LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent)
+EntryLine::EntryLine(QWidget* parent) : QLineEdit(parent)
 {
     setDragEnabled(false);
 }
 
-void LineEdit::mouseReleaseEvent(QMouseEvent* event)
+void EntryLine::mouseReleaseEvent(QMouseEvent* event)
 {
     // The middle button pastes what is selected elsewhere.
     if (event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection()) {
@@ -37,14 +37,14 @@ void LineEdit::mouseReleaseEvent(QMouseEvent* event)
     QLineEdit::mouseReleaseEvent(event);
 }
 
-void LineEdit::mouseDoubleClickEvent(QMouseEvent* event)
+void EntryLine::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (!(doubleClicked && event->button() == Qt::LeftButton && doubleClicked())) {
         QLineEdit::mouseDoubleClickEvent(event);
     }
 }
 
-void LineEdit::contextMenuEvent(QContextMenuEvent* event)
+void EntryLine::contextMenuEvent(QContextMenuEvent* event)
 {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -61,7 +61,7 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event)
     menu->popup(event->globalPos());
 }
 
-void LineEdit::dropEvent(QDropEvent* event)
+void EntryLine::dropEvent(QDropEvent* event)
 {
     if (pasted && !isReadOnly() && event->mimeData()->hasText()) {
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
@@ -70,55 +70,38 @@ void LineEdit::dropEvent(QDropEvent* event)
     }
 }
 
-QSize TextEdit::sizeHint() const
+QSize EntryText::sizeHint() const
 {
     const int frame = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
     return {theme::textWidth(font(), characters) + frame + verticalScrollBar()->sizeHint().width(),
             lines * fontMetrics().lineSpacing() + frame};
 }
 
-QSize TextEdit::minimumSizeHint() const
+QSize EntryText::minimumSizeHint() const
 {
     const QSize full = sizeHint();
     return {std::min(full.width(), theme::pixels(120)), std::min(full.height(), theme::pixels(48))};
 }
 
-void TextEdit::mouseDoubleClickEvent(QMouseEvent* event)
+void EntryText::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (!(doubleClicked && doubleClicked())) {
         QPlainTextEdit::mouseDoubleClickEvent(event);
     }
 }
 
-void TextEdit::insertFromMimeData(const QMimeData* source)
+void EntryText::insertFromMimeData(const QMimeData* source)
 {
     if (pasted && source->hasText()) {
         pasted(source->text());
     }
 }
 
-namespace {
-
-Qt::Alignment toQt(Align align)
-{
-    switch (align) {
-    case Align::right:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case Align::centre:
-        return Qt::AlignHCenter | Qt::AlignVCenter;
-    case Align::left:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
-}
-
-}  // namespace
-
 // --- one line
 
 LineBinder::LineBinder(FormWindow& window, TextBox& box, QWidget* parent)
     : BinderOf(window, box),
-      edit_(new LineEdit(parent)),
+      edit_(new EntryLine(parent)),
       base_(edit_->palette())
 {
     setWidget(edit_);
@@ -176,7 +159,7 @@ void LineBinder::insert(const QString& text)
 
 void LineBinder::followText()
 {
-    const QString text = bravona::toQt(c().text());
+    const QString text = toQt(c().text());
     if (edit_->text() != text) {
         following_ = true;
         edit_->setText(text);
@@ -241,7 +224,7 @@ void LineBinder::followAll()
 
 MultiLineBinder::MultiLineBinder(FormWindow& window, TextBox& box, QWidget* parent)
     : BinderOf(window, box),
-      edit_(new TextEdit(parent)),
+      edit_(new EntryText(parent)),
       base_(edit_->palette())
 {
     setWidget(edit_);
@@ -298,7 +281,7 @@ void MultiLineBinder::insert(const QString& text)
 
 void MultiLineBinder::followText()
 {
-    const QString text = bravona::toQt(c().text()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    const QString text = toQt(c().text()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (edit_->toPlainText() != text) {
         following_ = true;
         edit_->setPlainText(text);

@@ -12,9 +12,9 @@ class QToolButton;
 namespace bravona {
 
 // Single-line entry whose pasted and dropped texts pass the key filters.
-class LineEdit final : public QLineEdit {
+class EntryLine final : public QLineEdit {
 public:
-    explicit LineEdit(QWidget* parent);
+    explicit EntryLine(QWidget* parent);
     std::function<void(const QString&)> pasted;
     std::function<bool()> doubleClicked;    // true when somebody listens
     std::function<void(QPoint)> menuAsked;  // a pop-up menu of the screen's own
@@ -26,9 +26,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 };
 
-class TextEdit final : public QPlainTextEdit {
+class EntryText final : public QPlainTextEdit {
 public:
-    explicit TextEdit(QWidget* parent) : QPlainTextEdit(parent) {}
+    explicit EntryText(QWidget* parent) : QPlainTextEdit(parent) {}
     std::function<void(const QString&)> pasted;
     std::function<bool()> doubleClicked;
     int lines = 1;
@@ -57,7 +57,7 @@ private:
     void followText();
     void followCaret();
     void caretMoved();
-    LineEdit* edit_;
+    EntryLine* edit_;
     QPalette base_;
     bool following_ = false;
 };
@@ -78,7 +78,7 @@ private:
     void followText();
     void followCaret();
     void caretMoved();
-    TextEdit* edit_;
+    EntryText* edit_;
     QPalette base_;
     bool following_ = false;
 };
@@ -101,7 +101,7 @@ protected:
     void followAll() override;
 
 private:
-    LineEdit* edit_;
+    EntryLine* edit_;
     QToolButton* button_;
     QPalette base_;
     bool following_ = false;

@@ -4,6 +4,7 @@
 #include <QTreeView>
 
 #include "platform/qt/Binder.h"
+#include "platform/qt/Steady.h"
 #include "platform/windowing/Lists.h"
 
 namespace bravona {
@@ -27,13 +28,12 @@ private:
     std::vector<int> shown_;   // how many children of each node are known to the view
 };
 
-class TreeWidget final : public QTreeView {
+class TreeWidget final : public Steady<QTreeView> {
 public:
-    explicit TreeWidget(QWidget* parent) : QTreeView(parent) {}
+    explicit TreeWidget(QWidget* parent) : Steady(parent) {}
     std::function<void(const QModelIndex&)> clickedNode;
     std::function<void(const QModelIndex&)> movedTo;
     std::function<void()> doubleClickedNode;
-    bool following = false;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
