@@ -36,7 +36,9 @@ protected:
                 tabella["GG-" + std::to_string(rata)] = giorni.get<int>();
             }
         }
-        tabella["DF-FM"] = caso["method"]["from"].get<std::string>();
+        if (!caso["method"]["from"].is_null()) {
+            tabella["DF-FM"] = caso["method"]["from"].get<std::string>();
+        }
         tabella.update();
         return tabella["IDmodalitaPagamento"].asLong();
     }
