@@ -192,6 +192,10 @@ void QtJourneyHost::choose(QWidget& target, int item)
     combo.view()->setCurrentIndex(combo.model()->index(item, 0));
     QTest::sendKeyEvent(QTest::Click, combo.view(), Qt::Key_Return, QStringLiteral("\r"), Qt::NoModifier);
     settle();
+    if (combo.view()->isVisible()) {
+        combo.hidePopup();  // it would take the next key or click
+        settle();
+    }
 }
 
 void QtJourneyHost::chooseItem(Control& comboOrList, int item)

@@ -145,11 +145,16 @@ QWidget& QtJourneyHost::widget(const Control& control) const
 
 QWidget& QtJourneyHost::keyTarget() const
 {
+    const Form* form = desktop_->front();
+    const FormWindow* window = form != nullptr ? desktop_->windowOf(*form) : nullptr;
+    // Without a window manager nobody activates the window again that lay under a box or a list.
+    if (window != nullptr && window->shell() != nullptr && QApplication::activePopupWidget() == nullptr &&
+        QApplication::activeWindow() != window->shell()->window()) {
+        QApplication::setActiveWindow(window->shell()->window());
+    }
     if (QWidget* focus = QApplication::focusWidget()) {
         return *focus;
     }
-    const Form* form = desktop_->front();
-    const FormWindow* window = form != nullptr ? desktop_->windowOf(*form) : nullptr;
     if (window == nullptr || window->shell() == nullptr) {
         throw Impossible("no window takes keys");
     }

@@ -8,9 +8,7 @@
 #include <vector>
 
 #include "journey/JourneyFiles.h"
-#if __has_include("journey/QtJourneyHost.h")
 #include "journey/QtJourneyHost.h"
-#endif
 #include "support/journey/JourneyRunner.h"
 #include "support/journey/ProvaHost.h"
 
@@ -23,17 +21,12 @@ constexpr int allPassed = 0;
 constexpr int someFailed = 1;
 constexpr int notReadable = 2;
 
-// The host of real windows knows the toolkit; a build without it runs the scripted user alone.
 std::unique_ptr<JourneyHost> makeHost(bool real, int& argc, char** argv)
 {
-#if __has_include("journey/QtJourneyHost.h")
     if (real) {
         return makeQtHost(argc, argv);
     }
-#endif
-    static_cast<void>(argc);
-    static_cast<void>(argv);
-    return real ? nullptr : std::make_unique<ProvaHost>();
+    return std::make_unique<ProvaHost>();
 }
 
 bool readText(const fs::path& path, std::string& text)
