@@ -30,10 +30,10 @@ frmNuovoArchivioDocumenti::frmNuovoArchivioDocumenti(Sessione& sessione)
     add("txtNuovoArchivio", txtNuovoArchivio);
     add("upCont", upCont);
     add("cmdNuovoArchivio", cmdNuovoArchivio);
-    setLayout(layout::column({layout::form({layout::line(
-                                  "Anno del &nuovo archivio:",
-                                  layout::row({layout::of(txtNuovoArchivio), layout::of(upCont), layout::stretch()}))}),
-                              layout::rowEnd({layout::of(cmdNuovoArchivio[0]), layout::of(cmdNuovoArchivio[1])})}));
+    setLayout(layout::column(
+        {layout::form({layout::line("Anno del &nuovo archivio", layout::row({layout::of(txtNuovoArchivio),
+                                                                             layout::of(upCont), layout::stretch()}))}),
+         layout::rowEnd({layout::of(cmdNuovoArchivio[0]), layout::of(cmdNuovoArchivio[1])})}));
     setDefaultButton(&cmdNuovoArchivio[0]);
     setCancelButton(&cmdNuovoArchivio[1]);
 }

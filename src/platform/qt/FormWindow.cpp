@@ -41,7 +41,8 @@ void FormWindow::build()
 {
     content_ = new QWidget;
     content_->setObjectName(toQt(form_->name()));
-    const bool bare = form_->style() == WindowStyle::splash;
+    // A picture alone reaches the edges of its splash; anything else keeps its distance.
+    const bool bare = form_->style() == WindowStyle::splash && form_->layout().kind == Layout::Kind::control;
     LayoutBuilder(*this).build(form_->layout(), content_, bare ? 0 : theme::group());
     for (const Line& line : lines_) {
         for (const Control* control : line.contents) {
