@@ -32,7 +32,7 @@ MainShell::MainShell() : area_(new DeskArea(this))
 {
     setCentralWidget(area_);
     menuBar()->setNativeMenuBar(false);
-    statusBar()->setSizeGripEnabled(true);
+    statusBar()->setSizeGripEnabled(false);
 }
 
 void MainShell::setPanels(const std::vector<std::string>& panels)
