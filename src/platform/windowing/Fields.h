@@ -80,6 +80,7 @@ public:
     std::function<void()> onChange;
 
 private:
+    friend class Interaction;
     std::string text_;
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;

@@ -63,6 +63,7 @@ public:
     static void EvidenziaCampo(Control& box, bool focused);
 
 private:
+    class PastePreview;
     friend class Desktop;
     bool windowKey(Form& form, Control* focused, const KeyEvent& event);
     bool widgetKey(Control& control, const KeyEvent& event);

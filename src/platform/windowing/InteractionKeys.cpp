@@ -259,10 +259,55 @@ bool Interaction::widgetKey(Control& control, const KeyEvent& event)
     }
 }
 
+// While a paste is filtered the box holds what would have been pasted so far; nobody is told, and it is undone.
+class Interaction::PastePreview {
+public:
+    explicit PastePreview(TextBox* box) : box_(box)
+    {
+        if (box_ != nullptr) {
+            text_ = box_->text_;
+            start_ = box_->selStart_;
+            length_ = box_->selLength_;
+        }
+    }
+    ~PastePreview()
+    {
+        if (box_ != nullptr) {
+            box_->text_ = text_;
+            box_->selStart_ = start_;
+            box_->selLength_ = length_;
+        }
+    }
+    PastePreview(const PastePreview&) = delete;
+    PastePreview& operator=(const PastePreview&) = delete;
+
+    void insert(char32_t character) const
+    {
+        if (box_ == nullptr) {
+            return;
+        }
+        std::u32string text = toCodePoints(box_->text_);
+        const std::size_t start = std::min(box_->selStart_, text.size());
+        text.replace(start, box_->selLength_, 1, character);
+        box_->text_ = fromCodePoints(text);
+        box_->selStart_ = start + 1;
+        box_->selLength_ = 0;
+    }
+
+private:
+    TextBox* box_;
+    std::string text_;
+    std::size_t start_ = 0;
+    std::size_t length_ = 0;
+};
+
 std::u32string Interaction::filterPaste(Control& control, const std::u32string& text)
 {
-    const bool oneLine = control.kind() != ControlKind::textBox || !static_cast<TextBox&>(control).multiLine;
+    auto* box = control.kind() == ControlKind::textBox ? static_cast<TextBox*>(&control) : nullptr;
+    const bool oneLine = box == nullptr || !box->multiLine;
     std::u32string passed;
+    // The filters see the text as it would stand behind each character.
+    const PastePreview preview(control.onKeyPress ? box : nullptr);
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t character = text[i];
         if (character == U'\r') {
@@ -273,17 +318,18 @@ std::u32string Interaction::filterPaste(Control& control, const std::u32string& 
         }
         if (character == U'\n') {
             // A line break is no key of the person's: it never runs what Enter would.
-            passed += oneLine ? U' ' : U'\n';
-            continue;
-        }
-        if (control.form() != nullptr) {
-            control.form()->onKeyPress(character);
-        }
-        if (character != 0 && control.onKeyPress) {
-            control.onKeyPress(character);
+            character = oneLine ? U' ' : U'\n';
+        } else {
+            if (control.form() != nullptr) {
+                control.form()->onKeyPress(character);
+            }
+            if (character != 0 && control.onKeyPress) {
+                control.onKeyPress(character);
+            }
         }
         if (character != 0) {
             passed += character;
+            preview.insert(character);
         }
     }
     return passed;
@@ -305,49 +351,48 @@ const std::string& captionOf(const Control& control)
 
 }  // namespace
 
+// Several controls may carry one letter: it then only moves the focus from one to the next, so that no command runs
+// that was not meant.
 bool Interaction::mnemonic(Form& form, char32_t letter)
 {
     if (desktop_.blocked(form)) {
         return false;
     }
-    const std::u32string wanted = toCodePoints(upper(fromCodePoints(std::u32string(1, letter))));
+    const char32_t wanted = toCodePoints(upper(fromCodePoints(std::u32string(1, letter)))).front();
     const std::vector<Control*>& order = form.tabOrder();
     const auto place = std::find(order.begin(), order.end(), form.focused_);
     const std::size_t start = place == order.end() ? 0 : static_cast<std::size_t>(place - order.begin()) + 1;
-    for (std::size_t step = 0; step < order.size(); ++step) {
-        const std::size_t at = (start + step) % order.size();
+
+    struct Target {
+        Control* control = nullptr;
+        int page = -1;         // of a tab control
+        bool command = false;  // it acts, and does not only take the focus
+    };
+    const auto targetOf = [&](std::size_t at) -> Target {
         Control& control = *order[at];
-        if (!usable(control)) {
-            continue;
-        }
         switch (control.kind()) {
         case ControlKind::button:
         case ControlKind::checkBox:
         case ControlKind::optionButton:
-            if (bravona::mnemonic(captionOf(control)) == wanted.front()) {
-                click(control);
-                return true;
+            if (bravona::mnemonic(captionOf(control)) == wanted) {
+                return {&control, -1, true};
             }
             break;
         case ControlKind::tabControl: {
-            auto& tabs = static_cast<TabControl&>(control);
-            for (std::size_t page = 0; page < tabs.pages().size(); ++page) {
-                if (bravona::mnemonic(tabs.pages()[page].caption) == wanted.front() && tabs.pages()[page].enabled &&
-                    tabs.pages()[page].visible) {
-                    tab(tabs, static_cast<int>(page));
-                    return true;
+            const auto& pages = static_cast<TabControl&>(control).pages();
+            for (std::size_t page = 0; page < pages.size(); ++page) {
+                if (bravona::mnemonic(pages[page].caption) == wanted && pages[page].enabled && pages[page].visible) {
+                    return {&control, static_cast<int>(page), true};
                 }
             }
             break;
         }
         case ControlKind::label:
             // A label with a mark and no line of its own speaks for what follows it.
-            if (bravona::mnemonic(control.shownText()) == wanted.front()) {
+            if (bravona::mnemonic(control.shownText()) == wanted) {
                 for (std::size_t after = at + 1; after < order.size(); ++after) {
                     if (order[after]->focusable()) {
-                        Control* target = order[after];
-                        desktop_.guard([&] { focus(*target); });
-                        return true;
+                        return {order[after], -1, false};
                     }
                 }
             }
@@ -355,12 +400,34 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
         default:
             break;
         }
-        if (control.focusable() && bravona::mnemonic(control.labelCaption()) == wanted.front()) {
-            desktop_.guard([&] { focus(control); });
-            return true;
+        if (control.focusable() && bravona::mnemonic(control.labelCaption()) == wanted) {
+            return {&control, -1, false};
+        }
+        return {};
+    };
+
+    std::vector<Target> targets;
+    for (std::size_t step = 0; step < order.size(); ++step) {
+        const std::size_t at = (start + step) % order.size();
+        if (!usable(*order[at])) {
+            continue;
+        }
+        if (const Target target = targetOf(at); target.control != nullptr) {
+            targets.push_back(target);
         }
     }
-    return false;
+    if (targets.empty()) {
+        return false;
+    }
+    const Target& first = targets.front();
+    if (!first.command || targets.size() > 1) {
+        desktop_.guard([&] { focus(*first.control); });
+    } else if (first.page >= 0) {
+        tab(static_cast<TabControl&>(*first.control), first.page);
+    } else {
+        click(*first.control);
+    }
+    return true;
 }
 
 }  // namespace bravona
