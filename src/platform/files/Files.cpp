@@ -253,9 +253,12 @@ Bytes Files::read(const std::string& path) const
 {
     const std::string file = native(path);
     const Descrittore fd(apriLettura(file));
-    Bytes bytes(static_cast<std::size_t>(stato(file).st_size));
+    // The file may grow or shrink meanwhile: what counts is the end that reading finds. The byte in excess lets it be
+    // found without growing.
+    const std::size_t atteso = static_cast<std::size_t>(stato(file).st_size) + 1;
+    Bytes bytes = roomFor(atteso);
+    bytes.resize(atteso);
     std::size_t letti = 0;
-    // The file may grow or shrink meanwhile: what counts is the end that reading finds.
     for (;;) {
         if (letti == bytes.size()) {
             bytes.resize(letti + blocco);

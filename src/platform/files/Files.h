@@ -1,15 +1,14 @@
 #pragma once
 
+#include "platform/files/Bytes.h"
+
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace bravona {
-
-using Bytes = std::vector<std::uint8_t>;
 
 // The file service: every write of the program outside the archive goes through it. Failures are Errore 53 (missing),
 // 61 (no room), 70 (no permission), 71 (drive not ready), 75 (path error: a directory, an unreadable file); the
