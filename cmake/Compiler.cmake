@@ -16,6 +16,8 @@ endif()
 
 add_library(bravona_flags INTERFACE)
 target_compile_options(bravona_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+# No fused multiplications: a double is the same on every processor.
+target_compile_options(bravona_flags INTERFACE -ffp-contract=off)
 if(BRAVONA_WERROR)
     target_compile_options(bravona_flags INTERFACE -Werror)
 endif()
