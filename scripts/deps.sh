@@ -11,7 +11,7 @@ packages=(
     libsqlcipher-dev libicu-dev qt6-base-dev          # what the program stands on
     qt6-translations-l10n                             # the toolkit's dialogs in Italian
     fonts-liberation2                                 # the face of the printed pages
-    libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev   # tests and benchmarks
+    libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev nlohmann-json3-dev   # tests and benchmarks
     clang-format git                                  # the check of the formatting
 )
 for option in "$@"; do
