@@ -24,6 +24,7 @@
 #include <QTreeView>
 #include <cmath>
 
+#include "journey/OffscreenScreen.h"
 #include "platform/qt/Binder.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
@@ -61,11 +62,12 @@ std::unique_ptr<JourneyHost> makeQtHost(int& argc, char** argv)
 
 QtJourneyHost::QtJourneyHost(int& argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
-        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
     if (QCoreApplication::instance() == nullptr) {
+        const bool display = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        if (platform == "offscreen" || (platform.isEmpty() && !display)) {
+            useOffscreenScreen();
+        }
         application_ = std::make_unique<QApplication>(argc, argv);
     }
 }

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <numeric>
 
 #include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
@@ -202,43 +203,43 @@ void FlexGridBinder::followColumns()
 {
     view_->following = true;
     model_->followColumns(std::max(0, c().rows() - 1), c().cols());
+    wanted_.assign(static_cast<std::size_t>(c().cols()), 0);
     for (int col = 0; col < c().cols(); ++col) {
         const int width = c().colWidth(col);
         view_->setColumnHidden(col, width == 0);
         if (width != 0) {
             const int heading =
                 view_->fontMetrics().horizontalAdvance(c().rows() > 0 ? toQt(c().text(0, col)) : QString());
-            view_->setColumnWidth(
-                col, std::max(width < 0 ? theme::pixels(96) : theme::twips(width), heading + theme::pixels(14)));
+            const int told = width < 0 ? theme::pixels(96) : theme::twips(width);
+            wanted_[static_cast<std::size_t>(col)] = std::max(told, heading + theme::pixels(14));
         }
     }
+    shareSpareWidth();
     view_->following = false;
     followCurrent();
     layEditors();
 }
 
-// The last column in sight reaches to the edge.
+// What room is left widens all columns alike, within reason.
 void FlexGridBinder::shareSpareWidth()
 {
-    int last = -1;
-    int total = 0;
-    for (int col = 0; col < c().cols() && col < model_->columnCount(); ++col) {
-        if (c().colWidth(col) != 0) {
-            last = col;
-            total += view_->columnWidth(col);
-        }
-    }
-    if (last < 0 || laying_) {
+    constexpr double most = 1.6;
+    if (laying_ || model_->columnCount() != c().cols() || wanted_.size() != static_cast<std::size_t>(c().cols())) {
         return;
     }
-    const int told = c().colWidth(last);
-    const int least = told < 0 ? theme::pixels(96) : theme::twips(told);
-    const int width = std::max(least, view_->columnWidth(last) + view_->viewport()->width() - total);
-    if (width != view_->columnWidth(last)) {
-        laying_ = true;
-        view_->setColumnWidth(last, width);
-        laying_ = false;
+    const int total = std::accumulate(wanted_.begin(), wanted_.end(), 0);
+    if (total <= 0) {
+        return;
     }
+    const double factor = std::clamp(static_cast<double>(view_->viewport()->width()) / total, 1.0, most);
+    laying_ = true;
+    for (int col = 0; col < c().cols(); ++col) {
+        const int width = static_cast<int>(wanted_[static_cast<std::size_t>(col)] * factor);
+        if (width > 0 && width != view_->columnWidth(col)) {
+            view_->setColumnWidth(col, width);
+        }
+    }
+    laying_ = false;
 }
 
 void FlexGridBinder::followRows()
@@ -303,6 +304,7 @@ void FlexGridBinder::follow(Aspect aspect, std::size_t row)
         if (row == 0) {
             if (model_->columnCount() > 0) {
                 Q_EMIT model_->headerDataChanged(Qt::Horizontal, 0, model_->columnCount() - 1);
+                followColumns();
             }
         } else {
             model_->rowsChanged(static_cast<int>(row) - 1, static_cast<int>(row) - 1);

@@ -60,6 +60,7 @@ private:
     void shareSpareWidth();
     FlexGridWidget* view_;
     FlexGridModel* model_;
+    std::vector<int> wanted_;  // widths of the columns before they share what room is left
     bool laying_ = false;
 };
 

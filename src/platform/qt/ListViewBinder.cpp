@@ -11,6 +11,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 
 #include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
@@ -21,6 +22,12 @@
 #include "platform/text/Text.h"
 
 namespace bravona {
+
+namespace {
+
+constexpr std::size_t sample = 60;  // rows whose texts decide on the widths
+
+}  // namespace
 
 // --- binder
 
@@ -53,6 +60,7 @@ ListViewBinder::ListViewBinder(FormWindow& window, ListView& list, QWidget* pare
     view_->header()->setHighlightSections(false);
     view_->header()->setStretchLastSection(false);
     view_->header()->setSectionsMovable(false);
+    view_->header()->setMinimumSectionSize(theme::pixels(16));
     const auto select = [this](int row) { enter([this, row] { c().userSelect(static_cast<std::size_t>(row)); }); };
     view_->clickedRow = select;
     view_->movedTo = select;
@@ -131,7 +139,6 @@ void ListViewBinder::fitColumns()
         return;
     }
     fitted_ = true;
-    constexpr std::size_t sample = 60;
     const QFontMetrics metrics = view_->fontMetrics();
     const int padding = theme::pixels(14);
     for (std::size_t i = 0; i < wanted_.size(); ++i) {
@@ -163,9 +170,12 @@ void ListViewBinder::shareSpareWidth()
             continue;
         }
         total += wanted_[i];
-        const bool text = c().columns()[i].align == Align::left;
-        const bool better = widest == wanted_.size() || (text && c().columns()[widest].align != Align::left) ||
-                            (text == (c().columns()[widest].align == Align::left) && wanted_[i] > wanted_[widest]);
+        // The screen's own widths tell which column is the wide one.
+        const auto rank = [this](std::size_t column) {
+            const ListColumn& info = c().columns()[column];
+            return std::tuple(info.align == Align::left, info.width, wanted_[column]);
+        };
+        const bool better = widest == wanted_.size() || rank(i) > rank(widest);
         if (better) {
             widest = i;
         }
@@ -173,13 +183,17 @@ void ListViewBinder::shareSpareWidth()
     if (widest == wanted_.size()) {
         return;
     }
+    view_->wantedWidth = total;
     const int spare = view_->viewport()->width() - total;
     sizing_ = true;
     for (std::size_t i = 0; i < wanted_.size(); ++i) {
         int width = wanted_[i];
         if (i == widest) {
             // Rather a shorter text than a scroll bar, within reason.
-            width += spare >= 0 ? spare : std::max(spare, std::min(0, theme::pixels(120) - width));
+            const int heading =
+                view_->fontMetrics().horizontalAdvance(toQt(c().columns()[i].caption)) + theme::pixels(22);
+            const int least = std::max(theme::pixels(120), heading);
+            width += spare >= 0 ? spare : std::max(spare, std::min(0, least - width));
         }
         if (c().columns()[i].width != 0 && view_->header()->sectionSize(static_cast<int>(i)) != width) {
             view_->header()->resizeSection(static_cast<int>(i), width);
@@ -234,8 +248,8 @@ void ListViewBinder::follow(Aspect aspect, std::size_t row)
             model_->followRows(rows);
         }
         view_->following = false;
-        if (rows == 0) {
-            fitted_ = byHand_;
+        if (rows <= static_cast<int>(sample)) {
+            fitted_ = byHand_;  // too few to be sure
         }
         followSelection();
         followSort();

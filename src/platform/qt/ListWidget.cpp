@@ -94,9 +94,8 @@ bool ListViewModel::setData(const QModelIndex& index, const QVariant& value, int
 QSize ListWidget::sizeHint() const
 {
     const int row = fontMetrics().height() + theme::pixels(6);
-    return {
-        std::min(header()->length() + 2 * frameWidth() + verticalScrollBar()->sizeHint().width(), theme::pixels(900)),
-        header()->sizeHint().height() + row * lines + 2 * frameWidth()};
+    return {std::min(wantedWidth + 2 * frameWidth() + verticalScrollBar()->sizeHint().width(), theme::pixels(900)),
+            header()->sizeHint().height() + row * lines + 2 * frameWidth()};
 }
 
 QSize ListWidget::minimumSizeHint() const

@@ -30,6 +30,7 @@ public:
     std::function<const ListView*()> list;
     QString emptyText;
     int lines = 8;
+    int wantedWidth = 0;  // of the columns, before they were fitted into the view
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     void keyboardSearch(const QString& text) override;

@@ -172,6 +172,10 @@ void QtDesktop::centre(Form& form, bool onScreen)
 
 void QtDesktop::waitFor(const std::function<bool()>& done)
 {
+    // The entry that waits is not over: its timers run all the same.
+    for (Form* form : screens().loaded()) {
+        timersChanged(*form);
+    }
     // A waiting person sees the usual pointer.
     const bool waiting = waiting_;
     setPointer(Pointer::normal);

@@ -186,7 +186,7 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
         result.setColor(QPalette::Inactive, role, colour);
     };
     if (readOnly) {
-        set(QPalette::Base, base.color(QPalette::Window));
+        set(QPalette::Base, Qt::transparent);
         set(QPalette::Text, base.color(QPalette::WindowText));
     }
     result.setColor(QPalette::Disabled, QPalette::Base, base.color(QPalette::Disabled, QPalette::Window));
@@ -199,7 +199,7 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
         set(QPalette::PlaceholderText, Qt::darkGray);
     }
     if (control.foreColour()) {
-        set(QPalette::Text, readable(*control.foreColour(), result.color(QPalette::Active, QPalette::Base)));
+        set(QPalette::Text, readable(*control.foreColour(), base.color(QPalette::Active, QPalette::Base)));
     }
     return result;
 }
