@@ -90,10 +90,10 @@ void StatementWriter::update(Statement& s)
     addSources(*s.from, catalogue_, tokens_, scope);
     analyseOn(*s.from, scope);
     for (Assignment& a : s.assignments) {
-        analyse(*a.value, scope);
+        analyseRow(*a.value, scope);
     }
     if (s.where) {
-        analyse(*s.where, scope);
+        analyseRow(*s.where, scope);
     }
     const std::size_t target = targetOf(s, scope);
     const Table& table = *scope.sources[target].table;
@@ -135,7 +135,7 @@ void StatementWriter::remove(Statement& s)
     scope.sources.front().emitted = engineName(table.name);
     out_.table = table.name;
     if (s.where) {
-        analyse(*s.where, scope);
+        analyseRow(*s.where, scope);
     }
     write("DELETE FROM ");
     write(engineName(table.name));
@@ -154,7 +154,7 @@ void StatementWriter::insert(Statement& s)
     }
     const Scope& nothing = newScope();
     for (const ExprPtr& e : s.values) {
-        analyse(*e, nothing);
+        analyseRow(*e, nothing);
     }
     write("INSERT INTO ");
     write(engineName(table.name));

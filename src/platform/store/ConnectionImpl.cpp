@@ -115,6 +115,7 @@ void Connection::Impl::forgetStatements()
 {
     statements.clear();
     writers.clear();
+    ++catalogueStamp;
 }
 
 PreparedStatement& Connection::Impl::prepare(std::string_view statement, const TranslateOptions& options)
@@ -221,10 +222,7 @@ std::unique_ptr<Recordset::State> Connection::Impl::open(std::string_view statem
         state->generation = generation;
         state->table = p->translation.table;
         state->isBatch = mode == OpenMode::batch;
-        const Table& target = table(state->table);
-        for (const ColumnInfo& c : state->set->columns) {
-            state->places.push_back(c.column.empty() ? TableWriter::none : target.set->index.find(c.column));
-        }
+        state->places = TableWriter::places(state->set->columns, table(state->table));
     }
     return state;
 }
@@ -238,9 +236,7 @@ std::unique_ptr<Recordset::State> Connection::Impl::openTable(const Table& t, Op
     state->table = t.name;
     state->isBatch = mode == OpenMode::batch;
     if (mode != OpenMode::readOnly) {
-        for (std::size_t i = 0; i < t.columns().size(); ++i) {
-            state->places.push_back(i);
-        }
+        state->places = TableWriter::places(t.columns(), t);
     }
     return state;
 }

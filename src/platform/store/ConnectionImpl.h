@@ -72,6 +72,7 @@ struct Connection::Impl {
     LiteralBinder binder;
     StatementCache statements;
     std::unordered_map<std::string, TableWriter> writers;  // by table
+    std::uint64_t catalogueStamp = 0;  // what is kept of tables and writers holds as long as it does
     std::function<void(const std::string&)> hook;
     bool inTransaction = false;
     std::uint64_t generation = 0;  // of the open file: a set of an earlier one sends nothing

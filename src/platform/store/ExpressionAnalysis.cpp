@@ -29,9 +29,13 @@ void ExpressionWriter::analyse(Expr& e, const Scope& scope)
         resolveColumn(e, scope, tokens_);
         return;
     }
+    const ExpressionFunction* called = e.kind == ExprKind::call ? findExpressionFunction(e.name) : nullptr;
+    const bool around = inAggregate_;
+    inAggregate_ = around || (called != nullptr && called->id <= FunctionId::count);
     for (const ExprPtr& operand : e.operands) {
         analyse(*operand, scope);
     }
+    inAggregate_ = around;
     if (e.select) {
         analyseSelect(*e.select, &scope);
     }
@@ -135,6 +139,9 @@ void ExpressionWriter::analyseCall(Expr& e)
     const bool countAll = e.star && f->id == FunctionId::count;
     if ((e.star && !countAll) || (!e.star && (e.operands.size() < f->least || e.operands.size() > f->most))) {
         fail(3075, e.position, "numero di argomenti non valido");
+    }
+    if (inAggregate_ && f->id <= FunctionId::count) {
+        fail(3075, e.position, "la funzione non si può usare qui");
     }
     e.type = f->result;
     e.exact = false;

@@ -63,6 +63,8 @@ private:
     void putComparedLiteral(const Expr& literal, const Expr& with, char op);
     void putStoredLiteral(const Expr& e, FieldType target);
     void putCollated(const Expr& e);
+    bool inAggregate_ = false;  // what is being analysed stands in an aggregate function
+
     [[nodiscard]] bool fitsList(const Expr& item, const Expr& with) const;
 };
 

@@ -120,6 +120,9 @@ private:
                 s->groupBy.push_back(notPositional(expression()));
             } while (takeSymbol(','));
         }
+        if (isWord("having") && s->groupBy.empty()) {
+            fail("HAVING vuole GROUP BY");
+        }
         if (takeWord("having")) {
             s->having = expression();
         }

@@ -45,12 +45,18 @@ void Recordset::State::change(std::size_t column, const Value& value)
         forget();
         return;
     }
-    if (places[column] == TableWriter::none) {
+    if (places.inTable[column] == TableWriter::none) {
         throw Errore(3164, "Il campo \"" + set->columns[column].name + "\" non si può modificare.");
     }
-    const Value converted = convertTo(value, set->columns[column].type);
-    beginEdit();
-    rows->setValue(r, column, converted);
+    const FieldType type = set->columns[column].type;
+    if (type == FieldType::text && std::holds_alternative<std::string>(value.variant())) {
+        beginEdit();
+        rows->setValue(r, column, value);
+    } else {
+        const Value converted = convertTo(value, type);
+        beginEdit();
+        rows->setValue(r, column, converted);
+    }
     dirty[column] = true;
     forget();
 }
@@ -71,10 +77,10 @@ void Recordset::State::addNew()
         return;
     }
     const std::shared_ptr<Connection::Impl> to = open();
-    const Table& t = to->table(table);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (places[i] != TableWriter::none) {
-            rows->setValue(r, i, t.defaults[places[i]]);
+    const Table& t = writer(*to).table();
+    for (std::size_t i = 0; i < places.inTable.size(); ++i) {
+        if (places.inTable[i] != TableWriter::none) {
+            rows->setValue(r, i, t.defaults[places.inTable[i]]);
         }
     }
     isEditing = true;
@@ -82,18 +88,27 @@ void Recordset::State::addNew()
     dirty.assign(dataColumns(), false);
 }
 
-void Recordset::State::sendNew(Connection::Impl& to, Row r)
+TableWriter& Recordset::State::writer(Connection::Impl& to)
 {
-    const Table& t = to.table(table);
-    const std::int64_t id = to.writer(t).insert(*rows, r, places);
-    rows->setId(r, id);
-    if (t.counter == NameIndex::npos) {
-        return;
+    if (writer_ == nullptr || writerStamp_ != to.catalogueStamp) {
+        writer_ = &to.writer(to.table(table));
+        writerStamp_ = to.catalogueStamp;
     }
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (places[i] == t.counter) {
-            rows->setWhole(r, i, id);
-        }
+    return *writer_;
+}
+
+std::size_t Recordset::State::counterColumn(const Table& of) const
+{
+    return of.counter == NameIndex::npos ? NameIndex::npos : places.inSet[of.counter];
+}
+
+void Recordset::State::sendNew(TableWriter& to, Row r)
+{
+    const std::int64_t id = to.insert(*rows, r, places);
+    rows->setId(r, id);
+    const std::size_t counter = counterColumn(to.table());
+    if (counter != NameIndex::npos) {
+        rows->setWhole(r, counter, id);
     }
 }
 
@@ -114,9 +129,9 @@ void Recordset::State::update()
         const std::shared_ptr<Connection::Impl> to = open();
         to->beforeWrite(table);
         if (isNew) {
-            sendNew(*to, r);
+            sendNew(writer(*to), r);
         } else {
-            to->writer(to->table(table)).update(*rows, r, places, dirty);
+            writer(*to).update(*rows, r, places, dirty);
         }
     }
     endEdit();
@@ -164,7 +179,7 @@ void Recordset::State::remove()
     } else if (!isDeclared) {
         const std::shared_ptr<Connection::Impl> to = open();
         to->beforeWrite(table);
-        to->writer(to->table(table)).remove(rows->id(r));
+        writer(*to).remove(rows->id(r));
     }
     order.erase(order.begin() + cursor);
     forget();
@@ -191,11 +206,7 @@ void Recordset::State::updateBatch()
         return;
     }
     const std::shared_ptr<Connection::Impl> to = open();
-    const std::size_t counter = [&] {
-        const auto it = std::ranges::find(places, to->table(table).counter);
-        return it == places.end() || *it == TableWriter::none ? NameIndex::npos
-                                                              : static_cast<std::size_t>(it - places.begin());
-    }();
+    const std::size_t counter = counterColumn(writer(*to).table());
     std::vector<Row> given;  // new rows that took their key from the store
     try {
         to->allOrNothing([&] {
@@ -204,16 +215,15 @@ void Recordset::State::updateBatch()
                     continue;
                 }
                 to->beforeWrite(table);
-                TableWriter& writer = to->writer(to->table(table));
                 if (c.isRemoved) {
-                    writer.remove(rows->id(c.row));
+                    writer(*to).remove(rows->id(c.row));
                 } else if (c.isNew) {
                     if (counter != NameIndex::npos && rows->value(c.row, counter, FieldType::counter).isNull()) {
                         given.push_back(c.row);
                     }
-                    sendNew(*to, c.row);
+                    sendNew(writer(*to), c.row);
                 } else {
-                    writer.update(*rows, c.row, places, c.dirty);
+                    writer(*to).update(*rows, c.row, places, c.dirty);
                 }
             }
         });

@@ -52,7 +52,7 @@ struct Recordset::State {
     void cancel();
     void remove();
     void updateBatch();
-    [[nodiscard]] bool isUpdatable() const { return isDeclared || places.size() == set->columns.size(); }
+    [[nodiscard]] bool isUpdatable() const { return isDeclared || !places.inTable.empty(); }
 
     Recordset& chapter(std::string_view name);
 
@@ -66,7 +66,7 @@ struct Recordset::State {
     std::weak_ptr<Connection::Impl> connection;
     std::uint64_t generation = 0;
     std::string table;
-    TableWriter::Places places;  // empty for a set that cannot be changed
+    TableWriter::Places places;
     bool isBatch = false;
 
     // --- a declared set: texts of so many characters
@@ -99,11 +99,15 @@ private:
     void needUpdatable() const;
     void beginEdit();
     void endEdit();
-    void sendNew(Connection::Impl& to, Row r);
+    TableWriter& writer(Connection::Impl& to);
+    void sendNew(TableWriter& writer, Row r);
+    [[nodiscard]] std::size_t counterColumn(const Table& table) const;
     void keepChange();
     void forget() { ++stamp_; }
 
     std::vector<Change> changes_;
+    TableWriter* writer_ = nullptr;
+    std::uint64_t writerStamp_ = 0;
     std::vector<Value> values_;  // of the current row, as far as they were asked for
     std::vector<std::uint32_t> stamps_;
     std::uint32_t stamp_ = 1;

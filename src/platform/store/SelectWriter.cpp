@@ -70,10 +70,10 @@ void StatementWriter::analyseSelect(Select& s, const Scope* outer)
         analyse(*item.expr, scope);
     }
     if (s.where) {
-        analyse(*s.where, scope);
+        analyseRow(*s.where, scope);
     }
     for (const ExprPtr& e : s.groupBy) {
-        analyse(*e, scope);
+        analyseRow(*e, scope);
     }
     if (s.having) {
         analyse(*s.having, scope);
@@ -111,7 +111,7 @@ void StatementWriter::analyseOn(From& from, const Scope& scope)
     }
     analyseOn(*from.left, scope);
     analyseOn(*from.right, scope);
-    analyse(*from.on, scope);
+    analyseRow(*from.on, scope);
 }
 
 void StatementWriter::expandStars(Select& s, const Scope& scope)
@@ -144,20 +144,28 @@ void StatementWriter::expandStars(Select& s, const Scope& scope)
     s.items = std::move(items);
 }
 
-bool StatementWriter::hasAggregate(const Expr& e)
+const Expr* StatementWriter::aggregateIn(const Expr& e)
 {
     if (e.kind == ExprKind::call) {
         const ExpressionFunction* f = findExpressionFunction(e.name);
         if (f != nullptr && f->id <= FunctionId::count) {
-            return true;
+            return &e;
         }
     }
     for (const ExprPtr& operand : e.operands) {
-        if (hasAggregate(*operand)) {
-            return true;
+        if (const Expr* found = aggregateIn(*operand)) {
+            return found;
         }
     }
-    return false;
+    return nullptr;
+}
+
+void StatementWriter::analyseRow(Expr& e, const Scope& scope)
+{
+    if (const Expr* aggregate = aggregateIn(e)) {
+        fail(3075, aggregate->position, "la funzione non si può usare qui");
+    }
+    analyse(e, scope);
 }
 
 bool StatementWriter::isUpdatable(const Select& s)

@@ -28,7 +28,10 @@ private:
     void restrict(Select& s, std::string_view column);
     void expandStars(Select& s, const Scope& scope);
     void analyseOn(From& from, const Scope& scope);
-    static bool hasAggregate(const Expr& e);
+    // The first aggregate function in an expression, or none.
+    static const Expr* aggregateIn(const Expr& e);
+    static bool hasAggregate(const Expr& e) { return aggregateIn(e) != nullptr; }
+    void analyseRow(Expr& e, const Scope& scope);  // what is taken from single rows
     static bool isUpdatable(const Select& s);
     static bool isOfRows(const Select& s);
     void putOrder(const Select& s, bool asSubquery);

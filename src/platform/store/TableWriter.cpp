@@ -19,6 +19,20 @@ struct Binder {
 
 }  // namespace
 
+TableWriter::Places TableWriter::places(const std::vector<ColumnInfo>& set, const Table& table)
+{
+    Places p;
+    p.inSet.assign(table.columns().size(), none);
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        const std::size_t column = set[i].column.empty() ? none : table.set->index.find(set[i].column);
+        p.inTable.push_back(column);
+        if (column != none && p.inSet[column] == none) {
+            p.inSet[column] = i;
+        }
+    }
+    return p;
+}
+
 std::int64_t TableWriter::insert(const RowStore& rows, std::size_t row, const Places& places)
 {
     const std::vector<ColumnInfo>& columns = table_->columns();
@@ -33,16 +47,12 @@ std::int64_t TableWriter::insert(const RowStore& rows, std::size_t row, const Pl
             EngineStatement(db_, "INSERT INTO " + engineName(table_->name) + " (" + names + ") VALUES (" + marks + ")");
     }
     const Running running(insert_);
-    std::vector<bool> bound(columns.size(), false);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (places[i] != none && !bound[places[i]]) {
-            rows.visit(row, i, Binder{insert_, static_cast<int>(places[i]) + 1});
-            bound[places[i]] = true;
-        }
-    }
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!bound[i]) {
-            bindValue(insert_, static_cast<int>(i) + 1, table_->defaults[i], columns[i].type);
+        const int place = static_cast<int>(i) + 1;
+        if (places.inSet[i] != none) {
+            rows.visit(row, places.inSet[i], Binder{insert_, place});
+        } else {
+            bindValue(insert_, place, table_->defaults[i], columns[i].type);
         }
     }
     insert_.step();
@@ -74,10 +84,11 @@ void TableWriter::update(const RowStore& rows, std::size_t row, const Places& pl
 {
     std::vector<bool> columns(table_->columns().size(), false);
     std::vector<std::size_t> from(columns.size(), none);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (changed[i] && places[i] != none) {
-            columns[places[i]] = true;
-            from[places[i]] = i;
+    for (std::size_t i = 0; i < places.inTable.size(); ++i) {
+        const std::size_t column = places.inTable[i];
+        if (changed[i] && column != none) {
+            columns[column] = true;
+            from[column] = i;
         }
     }
     EngineStatement& s = updateOf(columns);

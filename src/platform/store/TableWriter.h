@@ -18,8 +18,14 @@ public:
 
     TableWriter(sqlite3* db, const Table& table) : db_(db), table_(&table) {}
 
-    // Where the columns of a record set stand in the table, `none` for those that do not.
-    using Places = std::vector<std::size_t>;
+    // Where the columns of a record set stand in the table and the other way round, `none` for those that do not.
+    struct Places {
+        std::vector<std::size_t> inTable;  // by column of the set; empty for a set that cannot be changed
+        std::vector<std::size_t> inSet;    // by column of the table
+    };
+    static Places places(const std::vector<ColumnInfo>& set, const Table& table);
+
+    [[nodiscard]] const Table& table() const { return *table_; }
 
     // Adds the row; columns that the set does not have take the table's defaults. The number that the engine gives it.
     std::int64_t insert(const RowStore& rows, std::size_t row, const Places& places);
