@@ -24,6 +24,8 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 reports overlapping copies inside std::string itself once it optimizes.
     target_compile_options(bravona_flags INTERFACE -Wno-restrict)
+    # The same strings, moved about under optimization: a bound that cannot be is reported as an overflow.
+    target_compile_options(bravona_flags INTERFACE $<$<CONFIG:Release>:-Wno-stringop-overflow>)
     # Relative names in the precompiled header's own lookup; harmless with a cache in front.
     target_compile_options(bravona_flags INTERFACE -fpch-preprocess)
 else()
