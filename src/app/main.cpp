@@ -7,7 +7,6 @@
 #include "platform/clock/Clock.h"
 #include "platform/files/Files.h"
 #include "platform/qt/Conversions.h"
-#include "platform/qt/Pictures.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtSettings.h"
 #include "program/CartellaProgramma.h"
@@ -29,7 +28,6 @@ int main(int argc, char** argv)
     QApplication applicazione(argc, argv);
     QApplication::setApplicationName(QStringLiteral("bravona"));
     QApplication::setDesktopFileName(QStringLiteral("bravona"));
-    QApplication::setWindowIcon(bravona::programIcon());
     // The dialogs of the toolkit speak as the program does, whatever the machine's language.
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QTranslator traduzione;

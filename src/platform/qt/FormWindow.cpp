@@ -58,6 +58,15 @@ void FormWindow::build()
     }
     followLines();
     followForm();
+    content_->installEventFilter(this);
+}
+
+bool FormWindow::eventFilter(QObject* target, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && form_ != nullptr && form_->shown()) {
+        desktop_.enter([this] { form_->onResize(); });
+    }
+    return QObject::eventFilter(target, event);
 }
 
 QMenuBar* FormWindow::menuBar() const

@@ -54,6 +54,7 @@ public:
 
     void changed(Control& control, Aspect aspect, std::size_t row) override;
     void changed(Form& form) override;
+    bool eventFilter(QObject* target, QEvent* event) override;  // of the contents: their size
 
 private:
     enum class Kind { none, child, window, main, splash };

@@ -15,6 +15,7 @@
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/Shells.h"
 #include "platform/windowing/Fields.h"
+#include "platform/windowing/Lists.h"
 
 namespace bravona {
 
@@ -53,6 +54,8 @@ bool InputFilter::eventFilter(QObject* target, QEvent* event)
     case QEvent::MouseButtonRelease:
         release(widget, static_cast<QMouseEvent&>(*event));
         return false;
+    case QEvent::ContextMenu:
+        return contextMenu(widget);
     case QEvent::FocusIn:
         focusIn(widget, static_cast<QFocusEvent&>(*event));
         return false;
@@ -269,6 +272,34 @@ void InputFilter::release(QWidget& target, QMouseEvent& /*event*/)
     } else if (control->kind() == ControlKind::datePicker) {
         edit->selectAll();
     }
+}
+
+// The menu of a list, or of the screen; fields for typing have the toolkit's own.
+bool InputFilter::contextMenu(QWidget& target)
+{
+    FormWindow* window = desktop_.windowOf(&target);
+    if (window == nullptr || window->main() != nullptr || desktop_.blocked(*window->form())) {
+        return false;
+    }
+    Form& form = *window->form();
+    Control* control = window->controlOf(&target);
+    Menu* menu = nullptr;
+    if (control != nullptr && control->kind() == ControlKind::listView) {
+        menu = static_cast<ListView*>(control)->contextMenu;
+    }
+    const Binder* binder = control != nullptr ? window->binder(*control) : nullptr;
+    if (menu == nullptr && (binder == nullptr || !binder->takesText())) {
+        menu = form.popupMenu.get();
+    }
+    if (menu == nullptr) {
+        return false;
+    }
+    desktop_.enter([&] {
+        if (control == nullptr || !control->focusable() || desktop_.interaction().focus(*control)) {
+            desktop_.popupMenu(form, *menu);
+        }
+    });
+    return true;
 }
 
 // --- focus

@@ -29,6 +29,7 @@ private:
     bool inputMethod(QWidget& target, QInputMethodEvent& event);
     bool press(QWidget& target, QMouseEvent& event);
     void release(QWidget& target, QMouseEvent& event);
+    bool contextMenu(QWidget& target);
     void focusIn(QWidget& target, QFocusEvent& event);
     void pass(QWidget& target, QEvent& event);
     [[nodiscard]] bool passing(const QEvent& event) const;

@@ -55,7 +55,6 @@ ListViewBinder::ListViewBinder(FormWindow& window, ListView& list, QWidget* pare
     view_->setSelectionMode(QAbstractItemView::SingleSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->setTextElideMode(Qt::ElideRight);
-    view_->setContextMenuPolicy(Qt::CustomContextMenu);
     view_->header()->setSectionsClickable(true);
     view_->header()->setHighlightSections(false);
     view_->header()->setStretchLastSection(false);
@@ -77,11 +76,6 @@ ListViewBinder::ListViewBinder(FormWindow& window, ListView& list, QWidget* pare
         if (!sizing_ && alive() && view_->isVisible()) {
             byHand_ = true;
             saveWidths();
-        }
-    });
-    QObject::connect(view_, &QTreeView::customContextMenuRequested, view_, [this] {
-        if (alive() && c().contextMenu != nullptr) {
-            enter([this] { desktop().popupMenu(*c().form(), *c().contextMenu); });
         }
     });
 }

@@ -26,6 +26,9 @@ namespace bravona {
 QtDesktop::QtDesktop(QSettings* store) : places_(store), filter_(std::make_unique<InputFilter>(*this))
 {
     theme::install();
+    if (QApplication::windowIcon().isNull()) {
+        QApplication::setWindowIcon(programIcon());
+    }
     QApplication::setQuitOnLastWindowClosed(false);
     qApp->installEventFilter(filter_.get());
 }
