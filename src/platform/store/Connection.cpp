@@ -101,6 +101,30 @@ void Connection::create(const std::string& path, std::string_view password)
     impl_->path = path;
 }
 
+void Connection::compact(const std::string& from, const std::string& to, std::string_view password)
+{
+    std::error_code failure;
+    if (fs::exists(fs::symlink_status(to, failure))) {
+        throw Errore(3204, "Il file \"" + to + "\" esiste già.");
+    }
+    Connection whole;
+    whole.open(from, password);  // plays back what a kill has left
+    whole.close();
+    try {
+        fs::copy_file(realPath(from), to);
+        Connection copy;
+        copy.open(to, password);
+        copy.executeNative("VACUUM");
+    } catch (const fs::filesystem_error& e) {
+        fs::remove(to, failure);
+        const bool full = e.code() == std::errc::no_space_on_device;
+        throw Errore(full ? errori::discoPieno : 3043, e.code().message());
+    } catch (...) {
+        fs::remove(to, failure);
+        throw;
+    }
+}
+
 void Connection::close()
 {
     impl_->forgetStatements();

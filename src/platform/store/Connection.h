@@ -17,9 +17,14 @@ enum class OpenMode {
 };
 
 // The one door to the archive: a password-protected file of the engine. Statements are written in the program's own
-// dialect and translated; one statement a call. Failures are Errore: 3021, 3022, 3200, 3315, 3061 (unknown name), 3075
-// (not understood, with its place), 3031 (wrong password or no archive), 3035 (the engine's), 3044 (no such path), 3051
-// (cannot be opened), 61 (no room) …
+// dialect and translated; one statement a call. Failures are Errore:
+//   3021 no current row      3022 duplicate key        3200 related rows exist   3315 required text empty
+//   3061 unknown column      3078 unknown table        3079 a column that several tables have
+//   3075 not understood      3464 types that do not go together; all five with their place in the statement
+//   6 out of range           11 division by zero       13 a text that is no number or date
+//   3031 wrong password or no archive                  3049 damaged              3044 no such path
+//   3051 cannot be opened    61 no room                3027 cannot be changed    3218 in use by another program
+//   3043 the disk failed     3035 any other failure of the engine
 class Connection {
 public:
     Connection();
@@ -32,6 +37,9 @@ public:
     void open(const std::string& path, std::string_view password);
     // Makes a new, empty file (no tables). Errore when it exists.
     void create(const std::string& path, std::string_view password);
+    // Writes a copy of an archive without the room that deleted rows have left. Errore 3204 when `to` exists; a failure
+    // leaves no `to`. The archive must not be open.
+    static void compact(const std::string& from, const std::string& to, std::string_view password);
     void close();
     [[nodiscard]] bool isOpen() const;
     [[nodiscard]] const std::string& path() const;
@@ -52,7 +60,8 @@ public:
     void rollback();
     [[nodiscard]] bool inTransaction() const;
 
-    // Called before each write (one record sent or one statement executed) with the table's name; may throw. For tests.
+    // Called before each write (one record sent or one statement executed) with the table's name; may throw, and runs
+    // no statement itself. For tests.
     void setWriteHook(std::function<void(const std::string& table)> hook);
 
     // Engine statements as they are: for the schema and the tools only.

@@ -83,7 +83,8 @@ public:
     [[nodiscard]] const std::vector<ColumnInfo>& columns() const;
     [[nodiscard]] bool hasColumn(std::string_view name) const;
 
-    // --- movement: the first row is current after opening; beyond either end there is none.
+    // --- movement: the first row is current after opening; beyond either end there is none. Leaving a row, also for a
+    // new one, sends what was changed in it, as `update` does.
     [[nodiscard]] bool eof() const;
     [[nodiscard]] bool bof() const;
     void moveFirst();  // Errore 3021 on an empty set

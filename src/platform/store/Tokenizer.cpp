@@ -125,6 +125,11 @@ private:
         if (close == start + 1) {
             throw statementError(3075, s_, start, "nome vuoto");
         }
+        for (const char c : s_.substr(start, close - start)) {
+            if (static_cast<unsigned char>(c) < ' ') {
+                throw statementError(3075, s_, start, "carattere non ammesso in un nome");
+            }
+        }
         at_ = close + 1;
         Token& t = add(TokenKind::quotedName, start);
         t.text = s_.substr(start + 1, close - start - 1);

@@ -211,6 +211,31 @@ TEST(Archivio, UnOrdineDeiTestiPiuVecchioSiRifa)
     EXPECT_EQ(archivio.valore("SELECT COUNT(*) FROM DescrizioneListini"), "10");
 }
 
+TEST(Archivio, LaCompattazioneTieneTuttoERendeLoSpazio)
+{
+    ArchivioTemporaneo archivio;
+    archivio.cn.begin();
+    for (int i = 0; i < 3000; ++i) {
+        archivio.cn.execute("INSERT INTO Comuni (Comune, Cap) VALUES ('Comune', '" + std::to_string(i) + "')");
+    }
+    archivio.cn.execute("DELETE * FROM Comuni");
+    archivio.cn.commit();
+    archivio.cn.close();
+    const std::string nuovo = archivio.cartella().file("nuovo.mdb");
+    Connection::compact(archivio.percorso(), nuovo, passwordArchivio);
+    EXPECT_LT(fs::file_size(nuovo), fs::file_size(archivio.percorso()));
+    EXPECT_EQ(numeroDelFallimento([&] { return Connection::compact(archivio.percorso(), nuovo, passwordArchivio), 0; }),
+              3204U);
+    archivio.cn.open(nuovo, passwordArchivio);
+    EXPECT_EQ(archivio.valore("SELECT COUNT(*) FROM DescrizioneListini"), "10");
+    archivio.cn.execute("INSERT INTO Comuni (Comune) VALUES ('x')");
+    EXPECT_EQ(archivio.valore("SELECT IDCodiceComune FROM Comuni"), "3001") << "no key is given twice";
+    archivio.cn.close();
+    const std::string altro = archivio.cartella().file("altro.mdb");
+    EXPECT_EQ(numeroDelFallimento([&] { return Connection::compact(nuovo, altro, "sbagliata"), 0; }), 3031U);
+    EXPECT_FALSE(fs::exists(altro));
+}
+
 TEST(Archivio, IlDiscoPienoHaIlSuoNumeroENonRovinaNulla)
 {
     ArchivioTemporaneo archivio;

@@ -45,6 +45,7 @@ TEST(Traduttore, CioCheNonCapisceEUnErroreCheDiceDove)
         {"SELECT Cliente FROM Clienti WHERE Max(IDCliente) = 1", 3075, "carattere 35"},
         {"SELECT Max(Sum(IDCliente)) FROM Clienti", 3075, "carattere 12"},
         {"SELECT Cliente FROM Clienti HAVING Cliente = 'x'", 3075, "carattere 29"},
+        {"SELECT * FROM Clienti [a\tb]", 3075, "carattere 23"},
         {"DROP TABLE Clienti", 3075, "carattere 1"},
         {"SELECT * FROM Clienti -- commento", 3075, "carattere 23"},
         {"", 3075, "carattere 1"},
