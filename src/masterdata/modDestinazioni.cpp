@@ -1,9 +1,30 @@
 #include "masterdata/modDestinazioni.h"
 
+#include <array>
+
 #include "platform/text/Text.h"
 #include "platform/values/Numeri.h"
 
 namespace bravona {
+
+namespace {
+
+// The columns of a list of destinations behind the first.
+constexpr std::array campiSecondari{"Citta", "Indirizzo", "Provincia", "Cap"};
+
+std::int32_t scrivi(Recordset& tabella, const ListRow& riga, std::int32_t idCliente)
+{
+    tabella.addNew();
+    tabella["IDCliente"] = int{idCliente};
+    tabella["Destinazione"] = riga.text;
+    for (std::size_t i = 0; i < campiSecondari.size(); ++i) {
+        tabella[campiSecondari[i]] = riga.cell(i + 1);
+    }
+    tabella.update();
+    return tabella["IDDestinazione"].asLong();
+}
+
+}  // namespace
 
 bool DestinazioneMerceUtilizzata(Sessione& sessione, std::int32_t id)
 {
@@ -39,10 +60,24 @@ void CaricaElencoDestinazioni(Sessione& sessione, ListView& lista, std::int32_t 
         ListRow riga;
         riga.text = record["Destinazione"].text();
         riga.key = "x" + record["IDDestinazione"].text();
-        for (const char* campo : {"Citta", "Indirizzo", "Provincia", "Cap"}) {
+        for (const char* campo : campiSecondari) {
             riga.sub.push_back({record[campo].text(), {}});
         }
         lista.add(std::move(riga));
+    }
+}
+
+std::int32_t RegistraDestinazione(Sessione& sessione, const ListRow& riga, std::int32_t idCliente)
+{
+    Recordset tabella = sessione.cn.openTable("DestinazioneMerceClienti");
+    return scrivi(tabella, riga, idCliente);
+}
+
+void RegistraElencoDestinazioni(Sessione& sessione, const ListView& lista, std::int32_t idCliente)
+{
+    Recordset tabella = sessione.cn.openTable("DestinazioneMerceClienti");
+    for (std::size_t riga = 0; riga < lista.rowCount(); ++riga) {
+        scrivi(tabella, lista.row(riga), idCliente);
     }
 }
 

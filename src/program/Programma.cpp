@@ -7,9 +7,13 @@
 #include "masterdata/clsTabellaCodiciIVA.h"
 #include "masterdata/frmCodiciIva.h"
 #include "masterdata/frmInserimentoCodiceIva.h"
+#include "masterdata/frmRegistraCliente.h"
+#include "masterdata/frmRegistraComune.h"
 #include "masterdata/frmSelezioneArticolo.h"
 #include "masterdata/frmSelezioneDestinazione.h"
 #include "masterdata/frmSelezioneRecord.h"
+#include "masterdata/frmVariazioneCliente.h"
+#include "masterdata/frmVariazioneComune.h"
 #include "platform/values/Numeri.h"
 #include "session/frmAbout.h"
 #include "session/frmDescrizioneRegistri.h"
@@ -53,6 +57,10 @@ void Programma::registraSchermate()
     registra<frmSelezioneRecord>(sessione_, "frmSelezioneRecord");
     registra<frmSelezioneArticolo>(sessione_, "frmSelezioneArticolo");
     registra<frmSelezioneDestinazione>(sessione_, "frmSelezioneDestinazione");
+    registra<frmRegistraCliente>(sessione_, "frmRegistraCliente");
+    registra<frmVariazioneCliente>(sessione_, "frmVariazioneCliente");
+    registra<frmRegistraComune>(sessione_, "frmRegistraComune");
+    registra<frmVariazioneComune>(sessione_, "frmVariazioneComune");
 
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");

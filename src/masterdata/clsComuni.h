@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// One row of Comuni. The operations answer false after having told the person why.
+class clsComuni {
+public:
+    explicit clsComuni(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
+
+    Connection* DataBase;
+
+    bool RegistraComune();  // inserts; `IDCodiceComune` is the new key
+    bool RichiamaComune(std::int32_t id);
+    bool ModificaComune(std::int32_t id);
+    bool EliminaComune(std::int32_t id);
+
+    std::string Cap, Provincia, Comune;
+    std::int32_t IDCodiceComune = 0;
+
+private:
+    void scrivi(Recordset& record) const;
+    Sessione& sessione_;
+};
+
+}  // namespace bravona

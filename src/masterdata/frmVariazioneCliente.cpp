@@ -1,0 +1,200 @@
+#include "masterdata/frmVariazioneCliente.h"
+
+#include "masterdata/modDestinazioni.h"
+#include "masterdata/modPagamenti.h"
+#include "masterdata/modRicerca.h"
+#include "masterdata/modRicercaClientiFornitori.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+using namespace anagrafica;
+
+namespace {
+constexpr const char* titoloCliente = "Cliente";
+constexpr const char* modulo = "Modulo: frmVariazioneCliente";
+constexpr int tabellaClienti = 0;
+}  // namespace
+
+frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
+    : SchedaCliente(sessione, "frmVariazioneCliente", "Visualizza - Modifica Cliente / Fornitore",
+                    {.puoAggiungere = [this] { return puoAggiungere(); },
+                     .aggiunta =
+                         [this](const ListRow& riga) {
+                             return "x" +
+                                    std::to_string(RegistraDestinazione(this->sessione(), riga, caricato_->IDCliente));
+                         },
+                     .eliminare = [this](const std::string& chiave) { return eliminaDestinazione(chiave); }},
+                    {"&Aggiorna", "&Chiudi", "&Nuovo..."})
+{
+    for (const char* campo : {"Nome/Ragione sociale", "Telefono", "Partita I.V.A.", "Codice fiscale", "Indirizzo"}) {
+        Combo2.addItem(campo);
+    }
+    Combo2.setListIndex(0);
+    txtCercaCliente.grows = true;
+    lblRicerca_.style = TextStyle::hint;
+    txtCercaCliente.onKeyDown = [this](KeyEvent& evento) {
+        if (evento.key == Key::enter) {
+            evento.drop();
+            Ricerca();
+        }
+    };
+    lblModalitaPagamento.sunken = true;
+    cmdCliente[0].onClick = [this] { Aggiorna(); };
+    cmdCliente[1].onClick = [this] { unload(); };
+    cmdCliente[2].onClick = [this] {
+        if (unload()) {
+            this->sessione().schermate().get("frmRegistraCliente").show();
+        }
+    };
+
+    add("Combo2", Combo2);
+    add("txtCercaCliente", txtCercaCliente);
+    add("lblModalitaPagamento", lblModalitaPagamento);
+    add("lblRicerca", lblRicerca_);
+    aggiungiControlli();
+    using namespace layout;
+    setLayout(
+        column({form({line("C&erca per", row({of(Combo2), grow(of(txtCercaCliente)), of(lblRicerca_)}))}),
+                pagine({}, {line("Pagamento", of(lblModalitaPagamento)), line("Cambia con:", of(List1))}), comandi()}));
+}
+
+void frmVariazioneCliente::onLoad()
+{
+    SchedaCliente::onLoad();
+    txtCercaCliente.setFocus();
+    if (IDCliente > 0) {
+        Ricerca();
+    }
+}
+
+void frmVariazioneCliente::onKeyDown(KeyEvent& evento)
+{
+    if (evento.key == Key::f3) {
+        evento.drop();
+        Ricerca();
+    }
+}
+
+void frmVariazioneCliente::Ricerca()
+{
+    std::int32_t id = IDCliente;
+    IDCliente = 0;
+    if (id <= 0) {
+        // Another screen may have looked for the other kind meanwhile.
+        sessione().TipoAnagraficaCorrente = Option2.chosen() ? "F" : "C";
+        id = RicercaClientiFornitori(sessione(), tabellaClienti, txtCercaCliente.text(), Combo2.listIndex());
+    }
+    if (id == ricerca::nessunRecord) {
+        desktop().inform("Nessun record trovato!", titoloCliente);
+        txtCercaCliente.setFocus();
+    } else if (id != ricerca::annullata) {
+        carica(id);
+    }
+}
+
+void frmVariazioneCliente::carica(std::int32_t id)
+{
+    const std::string cercato = txtCercaCliente.text();
+    const int chiave = Combo2.listIndex();
+    svuota();
+    txtCercaCliente.setText(cercato);
+    Combo2.setListIndex(chiave);
+    clsCliente letto(sessione());
+    if (!letto.RichiamaCliente(id)) {
+        return;
+    }
+    caricato_.emplace(letto);
+    mostra(letto);
+    lblModalitaPagamento.setCaption(DescrizioneModalitaPagamento(sessione(), letto.IDpagamento));
+    CaricaElenco();
+    fuocoSuPagina();
+}
+
+void frmVariazioneCliente::CaricaElenco()
+{
+    try {
+        CaricaElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, caricato_->IDCliente);
+    } catch (const Errore& errore) {
+        if (errore.numero() != errori::nessunRecordCorrente) {
+            MostraErroreStandard(desktop(), errore, modulo, "Routine: CaricaElencoDestinazioni");
+        }
+    }
+}
+
+void frmVariazioneCliente::svuota()
+{
+    pulisci();
+    caricato_.reset();
+    lblModalitaPagamento.setCaption({});
+    Combo2.setListIndex(0);
+}
+
+bool frmVariazioneCliente::puoAggiungere()
+{
+    if (caricato_) {
+        return true;
+    }
+    desktop().inform("Attenzione! Selezionare prima un cliente.", titolo);
+    txtCercaCliente.setFocus();
+    return false;
+}
+
+bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
+{
+    const std::int32_t id = DestinazioneDaChiave(chiave);
+    if (DestinazioneMerceUtilizzata(sessione(), id)) {
+        desktop().inform("Impossibile cancellare la destinazione selezionata in quanto e' correlata ad altri dati "
+                         "(Fatture e/o D.D.T.)!",
+                         titolo);
+        return false;
+    }
+    if (!desktop().ask("Vuoi eliminare la riga selezionata?", titolo)) {
+        return false;
+    }
+    sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDDestinazione=" + std::to_string(id));
+    return true;
+}
+
+// The party and its destinations, all or nothing. False after having told the failure.
+bool frmVariazioneCliente::registra(clsCliente& cliente)
+{
+    const std::int32_t id = caricato_->IDCliente;
+    try {
+        Transaction transazione(sessione().cn);
+        if (cliente.ModificaCliente(id)) {
+            sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDcliente=" + std::to_string(id));
+            RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
+            transazione.commit();
+            return true;
+        }
+    } catch (const Errore& errore) {
+        MostraErroreStandard(desktop(), errore, modulo, "Routine: RegistraDestinazioniMerce");
+        return false;
+    }
+    desktop().inform("Errore nella variazione dei dati!", titoloCliente);
+    fuocoSu(txtAnagrafica[anagrafica::cliente], paginaIndirizzo);
+    return false;
+}
+
+void frmVariazioneCliente::Aggiorna()
+{
+    if (!caricato_) {
+        txtCercaCliente.setFocus();
+        return;
+    }
+    clsCliente cliente = *caricato_;
+    if (!controllaDatiEssenziali() || !leggi(cliente) || !registra(cliente)) {
+        return;
+    }
+    Annuncia(sessione(), "Anagrafica aggiornata");
+    if (!desktop().ask("Variazione dati effettuata\nVuoi variare i dati di un'altro cliente?", titolo)) {
+        unload();
+        return;
+    }
+    svuota();
+    SSTab1.setTab(paginaIndirizzo);
+    txtCercaCliente.setFocus();
+}
+
+}  // namespace bravona
