@@ -6,7 +6,10 @@
 #include "documents/frmZoomDescrizione.h"
 #include "masterdata/clsTabellaCodiciIVA.h"
 #include "masterdata/frmCodiciIva.h"
+#include "masterdata/frmInformazioniDitta.h"
 #include "masterdata/frmInserimentoCodiceIva.h"
+#include "masterdata/frmLogo.h"
+#include "masterdata/frmModalitaPagamento.h"
 #include "masterdata/frmRegistraCliente.h"
 #include "masterdata/frmRegistraComune.h"
 #include "masterdata/frmSelezioneArticolo.h"
@@ -54,6 +57,9 @@ void Programma::registraSchermate()
 
     registra<frmCodiciIva>(sessione_, "frmCodiciIva");
     registra<frmInserimentoCodiceIva>(sessione_, "frmInserimentoCodiceIva");
+    registra<frmModalitaPagamento>(sessione_, "frmModalitaPagamento");
+    registra<frmInformazioniDitta>(sessione_, "frmInformazioniDitta");
+    registra<frmLogo>(sessione_, "frmLogo");
     registra<frmSelezioneRecord>(sessione_, "frmSelezioneRecord");
     registra<frmSelezioneArticolo>(sessione_, "frmSelezioneArticolo");
     registra<frmSelezioneDestinazione>(sessione_, "frmSelezioneDestinazione");

@@ -336,7 +336,10 @@ void UtenteDiProva::cellButton(DataGrid& grid, std::size_t row, std::size_t col)
 
 void UtenteDiProva::deleteRow(DataGrid& grid, std::size_t row)
 {
-    onControl(grid, [&] { grid.userDeleteRow(row); });
+    onControl(grid, [&] { grid.userSelectRow(row); });
+    if (grid.hasFocus() && grid.rowSelected()) {
+        key(Key::del);
+    }
 }
 
 void UtenteDiProva::menu(Form& owner, Menu& entry)

@@ -116,6 +116,7 @@ private:
     void editCombo(ComboBox& combo, const KeyEvent& event, char32_t character);
     void editDate(DatePicker& picker, const KeyEvent& event, char32_t character);
     void editData(DataGrid& grid, const KeyEvent& event, char32_t character);
+    void openLine(const DataGrid& grid);
     void moveInList(Control& list, const KeyEvent& event, char32_t character);
     void moveInTree(TreeView& tree, const KeyEvent& event);
     bool editLine(const KeyEvent& event, char32_t character);

@@ -66,7 +66,13 @@ void UtenteDiProva::paste(std::string_view text)
             line_.insert(passed);
             static_cast<ComboBox&>(control).userText(fromCodePoints(line_.text()));
         } else if (control.kind() == ControlKind::dataGrid) {
-            static_cast<DataGrid&>(control).userBeginEdit(fromCodePoints(passed));
+            auto& grid = static_cast<DataGrid&>(control);
+            if (grid.editing()) {
+                line_.insert(passed);
+                grid.userEditText(fromCodePoints(line_.text()));
+            } else if (grid.userBeginEdit(fromCodePoints(passed))) {
+                openLine(grid);
+            }
         }
     });
 }
@@ -228,45 +234,28 @@ void UtenteDiProva::editDate(DatePicker& picker, const KeyEvent& event, char32_t
 
 void UtenteDiProva::editData(DataGrid& grid, const KeyEvent& event, char32_t character)
 {
-    if (character == 13) {
-        grid.userEndEdit(true);
-        return;
-    }
-    if (event.key == Key::up || event.key == Key::down) {
-        if (event.key == Key::down || grid.row() > 0) {
-            grid.userMove(event.key == Key::down ? grid.row() + 1 : grid.row() - 1, grid.col());
+    const bool editing = grid.editing();
+    const bool bare = line_.length() == 0;
+    if (grid.userKey(event, bare && line_.caret() == 0, bare && line_.caret() == line_.text().size())) {
+        if (!editing && grid.editing()) {
+            openLine(grid);
         }
-        return;
-    }
-    if (grid.editing()) {
+    } else if (grid.editing()) {
         if (editLine(event, character)) {
             grid.userEditText(fromCodePoints(line_.text()));
         }
-        return;
+    } else if (character >= 32 && grid.userBeginEdit(fromCodePoints(std::u32string(1, character)))) {
+        openLine(grid);
     }
-    if (character >= 32 || event.key == Key::del) {
-        const std::u32string begun = character >= 32 ? std::u32string(1, character) : std::u32string();
-        if (grid.userBeginEdit(fromCodePoints(begun))) {
-            line_ = LineEdit(begun, begun.size(), 0);
-        }
-        return;
-    }
-    if (event.key == Key::f2) {
-        const std::string text = grid.cellText(grid.row(), grid.col());
-        if (grid.userBeginEdit(text)) {
-            line_ = LineEdit(toCodePoints(text), 0, 0);
-            line_.selectAll();
-        }
-        return;
-    }
-    const int step = event.key == Key::right ? 1 : event.key == Key::left ? -1 : 0;
-    const int count = static_cast<int>(grid.columns().size());
-    for (int column = static_cast<int>(grid.col()) + step; step != 0 && column >= 0 && column < count; column += step) {
-        const DataColumn& candidate = grid.columns()[static_cast<std::size_t>(column)];
-        if (candidate.visible && candidate.width != 0) {
-            grid.userMove(grid.row(), static_cast<std::size_t>(column));
-            break;
-        }
+}
+
+// The line of an edit that has begun: its text selected, or the caret behind it.
+void UtenteDiProva::openLine(const DataGrid& grid)
+{
+    const std::u32string text = toCodePoints(grid.editText());
+    line_ = LineEdit(text, text.size(), 0);
+    if (grid.editsWhole()) {
+        line_.selectAll();
     }
 }
 

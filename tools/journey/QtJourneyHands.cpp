@@ -327,7 +327,7 @@ void QtJourneyHost::cellButton(DataGrid& grid, std::size_t row, std::size_t col)
 void QtJourneyHost::deleteRow(DataGrid& grid, std::size_t row)
 {
     auto& view = as<QTableView>(widget(grid));
-    indexRect(view, view.model()->index(static_cast<int>(row), 0));
+    indexRect(view, cellOf(view, grid, row));
     QHeaderView* header = view.verticalHeader();
     const int section = static_cast<int>(row);
     mouseAt(*header->viewport(), QPoint(header->width() / 2, header->sectionViewportPosition(section) + 4));

@@ -145,15 +145,22 @@ QWidget& QtJourneyHost::widget(const Control& control) const
     return *found;
 }
 
-QWidget& QtJourneyHost::keyTarget() const
+// The window in front. Without a window manager nobody activates it again after a box or a list lay over it, and a
+// window that is not active gives no widget the focus.
+FormWindow* QtJourneyHost::activeWindow() const
 {
     const Form* form = desktop_->front();
-    const FormWindow* window = form != nullptr ? desktop_->windowOf(*form) : nullptr;
-    // Without a window manager nobody activates the window again that lay under a box or a list.
+    FormWindow* window = form != nullptr ? desktop_->windowOf(*form) : nullptr;
     if (window != nullptr && window->shell() != nullptr && QApplication::activePopupWidget() == nullptr &&
         QApplication::activeWindow() != window->shell()->window()) {
         QApplication::setActiveWindow(window->shell()->window());
     }
+    return window;
+}
+
+QWidget& QtJourneyHost::keyTarget() const
+{
+    const FormWindow* window = activeWindow();
     if (QWidget* focus = QApplication::focusWidget()) {
         return *focus;
     }
@@ -169,6 +176,7 @@ void QtJourneyHost::focus(Control& control)
 {
     QWidget& target = widget(control);
     Binder* binder = desktop_->binderOf(control);
+    activeWindow();
     if (control.hasFocus() && QApplication::focusWidget() == binder->focusWidget()) {
         return;
     }

@@ -63,6 +63,7 @@ public:
 private:
     [[nodiscard]] QWidget& widget(const Control& control) const;  // Impossible where nothing was drawn
     [[nodiscard]] QWidget& keyTarget() const;
+    FormWindow* activeWindow() const;
     void mouseAt(QWidget& target, QPoint place, bool twice = false);
     static void secondPress(QWidget& target, QPoint place);
     void clickIndex(QAbstractItemView& view, const QModelIndex& index, bool twice = false);

@@ -49,27 +49,9 @@ DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* pare
             enter([this, text] { c().userEditText(fromQt(text)); });
         }
     });
-    view_->clickedCell = [this](const QModelIndex& index, QPoint at) {
-        wholeRow_ = -1;
-        const auto row = static_cast<std::size_t>(index.row());
-        const auto column = static_cast<std::size_t>(index.column());
-        if (alive() && c().columns()[column].button && button(index).contains(at)) {
-            enter([this, row, column] { c().userButton(row, column); });
-        } else {
-            moveTo(row, column);
-        }
-    };
-    view_->doubleClickedCell = [this](const QModelIndex& /*index*/) {
-        if (alive()) {
-            if (c().onDblClick) {
-                enter([this] { desktop().interaction().doubleClick(c()); });
-            } else {
-                begin(toQt(c().cellText(c().row(), c().col())));
-            }
-        }
-    };
+    view_->clickedCell = [this](const QModelIndex& index, QPoint at) { clicked(index, at, false); };
+    view_->doubleClickedCell = [this](const QModelIndex& index, QPoint at) { clicked(index, at, true); };
     view_->movedTo = [this](const QModelIndex& index) {
-        wholeRow_ = -1;
         moveTo(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
     };
     view_->moved = [this] {
@@ -78,23 +60,8 @@ DataGridBinder::DataGridBinder(FormWindow& window, DataGrid& grid, QWidget* pare
             layEditor();
         }
     };
-    QObject::connect(view_->verticalHeader(), &QHeaderView::sectionPressed, view_, [this](int section) {
-        if (!alive()) {
-            return;
-        }
-        enter([this, section] {
-            if (desktop().interaction().focus(c()) && c().userMove(static_cast<std::size_t>(section), c().col())) {
-                wholeRow_ = section;
-            }
-        });
-        if (alive() && wholeRow_ == section) {
-            view_->following = true;
-            view_->selectRow(section);
-            view_->following = false;
-        } else if (alive()) {
-            followCurrent();
-        }
-    });
+    QObject::connect(view_->verticalHeader(), &QHeaderView::sectionPressed, view_,
+                     [this](int section) { rowPressed(static_cast<std::size_t>(section)); });
     QObject::connect(view_->horizontalHeader(), &QHeaderView::sectionResized, view_, [this](int, int, int) {
         if (!laying_ && view_->isVisible()) {
             byHand_ = true;
@@ -142,102 +109,34 @@ void DataGridBinder::moveTo(std::size_t row, std::size_t column)
     }
 }
 
-void DataGridBinder::move(int rows, int columns)
+void DataGridBinder::clicked(const QModelIndex& index, QPoint at, bool twice)
 {
-    const auto shown = [this](int column) {
-        const DataColumn& info = c().columns()[static_cast<std::size_t>(column)];
-        return info.visible && info.width != 0;
-    };
-    const int row =
-        std::clamp(static_cast<int>(c().row()) + rows, 0, std::max(0, static_cast<int>(c().shownRows()) - 1));
-    int column = static_cast<int>(c().col());
-    const int count = static_cast<int>(c().columns().size());
-    for (int next = column + columns; columns != 0 && next >= 0 && next < count; next += columns) {
-        if (shown(next)) {
-            column = next;
-            break;
-        }
+    if (!alive()) {
+        return;
     }
-    moveTo(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
-}
-
-void DataGridBinder::deleteRow(std::size_t row)
-{
-    wholeRow_ = -1;
-    enter([this, row] { c().userDeleteRow(row); });
-}
-
-bool DataGridBinder::editorKey(QKeyEvent& event)
-{
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        enter([this] { c().userEndEdit(true); });
-        return true;
-    case Qt::Key_Up:
-        move(-1, 0);
-        return true;
-    case Qt::Key_Down:
-        move(1, 0);
-        return true;
-    case Qt::Key_Left:
-        if (editor_->cursorPosition() == 0 && !editor_->hasSelectedText() && event.modifiers() == Qt::NoModifier) {
-            move(0, -1);
-            return true;
-        }
-        return false;
-    case Qt::Key_Right:
-        if (editor_->cursorPosition() == editor_->text().size() && !editor_->hasSelectedText() &&
-            event.modifiers() == Qt::NoModifier) {
-            move(0, 1);
-            return true;
-        }
-        return false;
-    default:
-        return false;
+    const auto row = static_cast<std::size_t>(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    if (c().columns()[column].button && button(index).contains(at)) {
+        enter([this, row, column] { c().userButton(row, column); });
+    } else if (!twice) {
+        moveTo(row, column);
+    } else if (c().onDblClick) {
+        enter([this] { desktop().interaction().doubleClick(c()); });
+    } else {
+        enter([this] { c().userEditCell(); });
     }
 }
 
-bool DataGridBinder::cellKey(QKeyEvent& event)
+void DataGridBinder::rowPressed(std::size_t row)
 {
-    const QString current = toQt(c().cellText(c().row(), c().col()));
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_F2:
-        begin(current);
-        return true;
-    case Qt::Key_Delete:
-        if (wholeRow_ >= 0 || event.modifiers().testFlag(Qt::ControlModifier)) {
-            deleteRow(wholeRow_ >= 0 ? static_cast<std::size_t>(wholeRow_) : c().row());
-        } else {
-            begin(QString());
+    enter([this, row] {
+        if (desktop().interaction().focus(c())) {
+            c().userSelectRow(row);
         }
-        return true;
-    case Qt::Key_Backspace:
-        begin(QString());
-        return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        move(event.key() == Qt::Key_Up ? -1 : 1, 0);
-        return true;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        move(0, event.key() == Qt::Key_Left ? -1 : 1);
-        return true;
-    default:
-        break;
+    });
+    if (alive()) {
+        followCurrent();
     }
-    const char32_t typed = typedCharacter(event);
-    if (typed == U' ' && c().col() < c().columns().size() && c().columns()[c().col()].button) {
-        enter([this] { c().userButton(c().row(), c().col()); });
-        return true;
-    }
-    if (typed >= 32) {
-        begin(QString::fromUcs4(&typed, 1));
-        return true;
-    }
-    return false;
 }
 
 bool DataGridBinder::key(QKeyEvent& event)
@@ -245,7 +144,20 @@ bool DataGridBinder::key(QKeyEvent& event)
     if (!alive() || c().columns().empty()) {
         return false;
     }
-    return c().editing() ? editorKey(event) : cellKey(event);
+    const bool bare = !editor_->hasSelectedText();
+    const bool atStart = bare && editor_->cursorPosition() == 0;
+    const bool atEnd = bare && editor_->cursorPosition() == editor_->text().size();
+    bool handled = false;
+    enter([&] { handled = c().userKey(toKeyEvent(event), atStart, atEnd); });
+    if (handled || !alive() || c().editing()) {
+        return handled;
+    }
+    const char32_t typed = typedCharacter(event);
+    if (typed >= 32) {
+        begin(QString::fromUcs4(&typed, 1));
+        return true;
+    }
+    return false;
 }
 
 void DataGridBinder::insert(const QString& text)
@@ -315,7 +227,11 @@ void DataGridBinder::followCurrent()
 {
     view_->following = true;
     if (c().row() < c().shownRows() && c().col() < c().columns().size()) {
-        view_->setCurrentIndex(model_->index(static_cast<int>(c().row()), static_cast<int>(c().col())));
+        const QModelIndex current = model_->index(static_cast<int>(c().row()), static_cast<int>(c().col()));
+        view_->setCurrentIndex(current);
+        if (c().rowSelected()) {
+            view_->selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        }
     } else {
         view_->selectionModel()->clear();
     }
@@ -346,6 +262,9 @@ void DataGridBinder::followEditor()
         const Align align = c().columns()[c().col()].align;
         editor_->setAlignment(align == Align::right ? Qt::AlignRight : Qt::AlignLeft);
         editor_->end(false);
+        if (c().editsWhole()) {
+            editor_->selectAll();
+        }
         layEditor();
         editor_->show();
         editor_->raise();
@@ -384,9 +303,6 @@ void DataGridBinder::follow(Aspect aspect, std::size_t row)
         followEditor();
         break;
     case Aspect::selection:
-        if (static_cast<int>(row) != wholeRow_) {
-            wholeRow_ = -1;
-        }
         followCurrent();
         break;
     default:

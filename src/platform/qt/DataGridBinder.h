@@ -31,11 +31,9 @@ private:
     void layEditor();
     void shareSpareWidth();
     bool begin(const QString& text);
-    bool editorKey(QKeyEvent& event);
-    bool cellKey(QKeyEvent& event);
-    void move(int rows, int columns);
+    void clicked(const QModelIndex& index, QPoint at, bool twice);
+    void rowPressed(std::size_t row);
     void moveTo(std::size_t row, std::size_t column);
-    void deleteRow(std::size_t row);
     [[nodiscard]] QRect button(const QModelIndex& index) const;
     DataGridWidget* view_;
     DataGridModel* model_;
@@ -43,7 +41,6 @@ private:
     bool following_ = false;
     bool laying_ = false;
     bool byHand_ = false;
-    int wholeRow_ = -1;  // selected by its heading
 };
 
 }  // namespace bravona

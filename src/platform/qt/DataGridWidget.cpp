@@ -132,7 +132,7 @@ void DataGridWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     if (index.isValid() && event->button() == Qt::LeftButton && doubleClickedCell) {
-        doubleClickedCell(index);
+        doubleClickedCell(index, event->position().toPoint());
     }
 }
 

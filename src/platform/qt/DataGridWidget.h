@@ -20,7 +20,7 @@ class DataGridWidget final : public Steady<QTableView> {
 public:
     explicit DataGridWidget(QWidget* parent) : Steady(parent) {}
     std::function<void(const QModelIndex&, QPoint)> clickedCell;
-    std::function<void(const QModelIndex&)> doubleClickedCell;
+    std::function<void(const QModelIndex&, QPoint)> doubleClickedCell;
     std::function<void(const QModelIndex&)> movedTo;
     std::function<void()> moved;
     void drawButtons();  // in the cells of columns that have one

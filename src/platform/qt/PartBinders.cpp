@@ -150,6 +150,10 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     if (!picture.isNull()) {
+        const QRect frame(place, picture.size());
+        if (shadow) {
+            theme::drawShadow(painter, frame);
+        }
         painter.drawPixmap(place, picture);
     } else if (!failure.isEmpty()) {
         painter.setPen(theme::faint(palette()));
@@ -207,6 +211,7 @@ void PictureBinder::followAll()
     picture_->picture = c().path().empty() ? QPixmap() : readPicture(c().path());
     picture_->failure = !c().path().empty() && picture_->picture.isNull() ? toQt(c().failureText) : QString();
     picture_->place = QPoint(c().x(), c().y());
+    picture_->shadow = c().shadow();
     picture_->update();
 }
 

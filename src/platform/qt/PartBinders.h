@@ -84,6 +84,7 @@ public:
     QPixmap picture;
     QString failure;
     QPoint place;
+    bool shadow = false;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

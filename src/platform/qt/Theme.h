@@ -38,4 +38,7 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
 // The paid and unpaid marks of a grid, centred in the cell.
 void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette);
 
+// A soft shadow that falls from this frame to the right and below; drawn before what stands in the frame.
+void drawShadow(QPainter& painter, const QRect& frame);
+
 }  // namespace bravona::theme

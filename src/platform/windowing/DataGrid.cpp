@@ -16,6 +16,7 @@ void DataGrid::bind(Recordset* set)
     col_ = 0;
     editing_ = false;
     adding_ = false;
+    rowSelected_ = false;
     if (set_ != nullptr && columns_.empty()) {
         for (const ColumnInfo& info : set_->columns()) {
             DataColumn column;
@@ -23,6 +24,7 @@ void DataGrid::bind(Recordset* set)
             columns_.push_back(std::move(column));
         }
     }
+    toShownColumn();
     notify(Aspect::columns);
     notify(Aspect::items);
 }
@@ -30,7 +32,22 @@ void DataGrid::bind(Recordset* set)
 void DataGrid::setColumns(std::vector<DataColumn> columns)
 {
     columns_ = std::move(columns);
+    toShownColumn();
     notify(Aspect::columns);
+}
+
+bool DataGrid::shows(std::size_t column) const
+{
+    return column < columns_.size() && columns_[column].visible && columns_[column].width != 0;
+}
+
+void DataGrid::toShownColumn()
+{
+    for (std::size_t column = 0; !shows(col_) && column < columns_.size(); ++column) {
+        if (shows(column)) {
+            col_ = column;
+        }
+    }
 }
 
 std::string DataGrid::caption(std::size_t column) const
@@ -49,7 +66,7 @@ std::size_t DataGrid::dataRows() const
 
 std::size_t DataGrid::shownRows() const
 {
-    const bool newRow = set_ != nullptr && set_->isOpen() && allowAddNew && set_->isUpdatable() && !adding_;
+    const bool newRow = set_ != nullptr && set_->isOpen() && allowAddNew && set_->isUpdatable();
     return dataRows() + (newRow ? 1 : 0);
 }
 
@@ -83,7 +100,7 @@ std::string DataGrid::cellText(std::size_t row, std::size_t column) const
 
 bool DataGrid::canEdit(std::size_t row, std::size_t column) const
 {
-    return set_ != nullptr && set_->isOpen() && set_->isUpdatable() && row < shownRows() && column < columns_.size() &&
+    return set_ != nullptr && set_->isOpen() && set_->isUpdatable() && row < shownRows() && shows(column) &&
            !columns_[column].locked;
 }
 
@@ -147,15 +164,18 @@ bool DataGrid::userMove(std::size_t row, std::size_t column)
     }
     row_ = row;
     col_ = column;
+    rowSelected_ = false;
     notify(Aspect::selection, row_);
     return true;
 }
 
-bool DataGrid::userBeginEdit(const std::string& text)
+bool DataGrid::userBeginEdit(const std::string& text, bool whole)
 {
     if (!canEdit(row_, col_)) {
         return false;
     }
+    rowSelected_ = false;
+    editsWhole_ = whole;
     if (row_ < dataRows() && set_->position() != row_) {
         set_->moveTo(row_);
     }
@@ -163,6 +183,11 @@ bool DataGrid::userBeginEdit(const std::string& text)
     editText_ = text;
     notify(Aspect::row, row_);
     return true;
+}
+
+bool DataGrid::userEditCell()
+{
+    return userBeginEdit(cellText(row_, col_), true);
 }
 
 void DataGrid::userEditText(std::string text)
@@ -220,6 +245,7 @@ bool DataGrid::userDeleteRow(std::size_t row)
         set_->cancelUpdate();
         if (adding_) {
             adding_ = false;
+            rowSelected_ = false;
             notify(Aspect::items);
             return true;
         }

@@ -121,6 +121,9 @@ public:
     [[nodiscard]] std::size_t col() const { return col_; }
     [[nodiscard]] bool editing() const { return editing_; }
     [[nodiscard]] const std::string& editText() const { return editText_; }
+    [[nodiscard]] bool editsWhole() const { return editsWhole_; }    // the edit began with its text selected
+    [[nodiscard]] bool rowSelected() const { return rowSelected_; }  // the current row, as a whole
+    [[nodiscard]] bool shows(std::size_t column) const;              // the column can be seen
 
     // By code, into the current row.
     void setCellValue(std::size_t column, const Value& value);
@@ -132,12 +135,26 @@ public:
 
     // What the hand did. Each answers false when the move was refused and the current cell kept.
     bool userMove(std::size_t row, std::size_t column);
-    bool userBeginEdit(const std::string& text);  // typing on a cell replaces its text; locked columns refuse
+    // Typing on a cell replaces its text; locked and hidden columns refuse. `whole`: the editor opens with its text
+    // selected.
+    bool userBeginEdit(const std::string& text, bool whole = false);
+    // Opens the editor on what the cell holds.
+    bool userEditCell();
     void userEditText(std::string text);
     bool userEndEdit(
         bool accept);   // Enter or leaving accepts, Escape gives the old text back; the cell stays the current one
     bool userEscape();  // gives the old text back, or, with no edit under way, forgets the row's unsent changes
+    // The row as a whole, for Delete; moving or typing ends it.
+    bool userSelectRow(std::size_t row);
     bool userDeleteRow(std::size_t row);
+    // A key on the grid, or in its editor with the caret at either end of the text and nothing selected: arrows, Home
+    // and End move, Enter ends an edit, presses the cell's button or opens the editor, as F2 does; Space presses the
+    // button, with Shift it selects the row; Delete and Backspace empty the cell, Delete on a selected row, or with
+    // Ctrl, deletes it. False for keys that belong to the editor or to nobody.
+    bool userKey(const KeyEvent& event, bool atStart, bool atEnd);
+    // Tab goes from cell to cell, and from the last one of a row with unsent changes on to the next row. False: it
+    // leaves the grid.
+    bool userTab(bool backwards);
     void userButton(std::size_t row, std::size_t column);
     bool userLeave();  // the focus leaves the grid: ends the edit and commits the row (called by the core)
     [[nodiscard]] bool canEdit(std::size_t row, std::size_t column) const;
@@ -154,10 +171,16 @@ private:
     std::size_t row_ = 0;
     std::size_t col_ = 0;
     std::size_t setColumn(std::size_t column) const;
+    void toShownColumn();
+    bool userStep(int rows, int columns);
+    bool userEdge(bool last, bool ofRows);
+    bool changed() const;
     bool refused(const Errore& error);
     bool editing_ = false;
     bool adding_ = false;  // the new-row line has become a row not yet sent
     std::string editText_;
+    bool editsWhole_ = false;
+    bool rowSelected_ = false;
 };
 
 }  // namespace bravona

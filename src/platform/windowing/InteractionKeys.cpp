@@ -147,19 +147,9 @@ bool Interaction::tabKey(Form& form, const KeyEvent& event)
         return false;
     }
     Control* focused = form.focused_;
-    if (focused != nullptr && focused->kind() == ControlKind::dataGrid) {
-        // Within a row Tab goes from cell to cell.
-        auto& grid = static_cast<DataGrid&>(*focused);
-        const std::size_t count = grid.columns().size();
-        std::size_t column = grid.col();
-        while (event.shift ? column > 0 : column + 1 < count) {
-            column = event.shift ? column - 1 : column + 1;
-            const DataColumn& candidate = grid.columns()[column];
-            if (candidate.visible && candidate.width != 0) {
-                grid.userMove(grid.row(), column);
-                return true;
-            }
-        }
+    if (focused != nullptr && focused->kind() == ControlKind::dataGrid &&
+        static_cast<DataGrid*>(focused)->userTab(event.shift)) {
+        return true;
     }
     if (Control* target = next(form, focused, event.shift); target != nullptr) {
         focus(*target);

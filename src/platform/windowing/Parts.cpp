@@ -94,6 +94,12 @@ void PictureBox::setPosition(int x, int y)
     notify(Aspect::value);
 }
 
+void PictureBox::setShadow(bool shadow)
+{
+    shadow_ = shadow;
+    notify(Aspect::value);
+}
+
 void ScrollBar::setRange(int minimum, int maximum)
 {
     minimum_ = minimum;

@@ -59,6 +59,8 @@ public:
     void setPosition(int x, int y);  // of the picture's corner in its box, pixels
     [[nodiscard]] int x() const { return x_; }
     [[nodiscard]] int y() const { return y_; }
+    void setShadow(bool shadow);  // falls behind the picture, to its right and below
+    [[nodiscard]] bool shadow() const { return shadow_; }
     int boxWidth = 290;  // pixels of the space it asks for
     int boxHeight = 140;
     std::string failureText;  // shown in its place when the file cannot be read
@@ -70,6 +72,7 @@ private:
     int height_ = 0;
     int x_ = 0;
     int y_ = 0;
+    bool shadow_ = false;
 };
 
 class ScrollBar final : public Control {

@@ -154,6 +154,138 @@ TEST_F(DataGridTest, ALockedColumnTakesNoTextAndCodeMaySetIt)
     EXPECT_EQ(grid().cellText(0, 2), "conto");
 }
 
+TEST_F(DataGridTest, TheFocusStartsInAColumnThatCanBeSeen)
+{
+    std::vector<DataColumn> columns = grid().columns();
+    columns[0].width = 0;
+    grid().setColumns(columns);
+    grid().bind(&set);
+    user.focus(grid());
+    EXPECT_EQ(grid().col(), 1U);
+    user.key(Key::left);
+    EXPECT_EQ(grid().col(), 1U);
+    grid().userMove(0, 0);
+    user.type("9");  // the key of the row
+    EXPECT_FALSE(grid().editing());
+}
+
+// What is typed, key by key, and the cell it ends in.
+TEST_F(DataGridTest, ANewRowIsTypedFromCellToCellWithoutTheMouse)
+{
+    std::vector<DataColumn> columns = grid().columns();
+    columns[0].width = 0;
+    grid().setColumns(columns);
+    grid().bind(&set);
+    user.focus(grid());
+    user.key({.key = Key::end, .ctrl = true});
+    for (const char* text : {"Delta", "3", "30,5"}) {
+        user.type(text);
+        user.key(Key::tab);
+    }
+    user.type("1");
+    EXPECT_EQ(grid().col(), 4U);
+    EXPECT_EQ(stored(), "Alfa 10|Beta 20");
+    user.key(Key::tab);  // from the last cell of a changed row to the next row, which sends it
+    EXPECT_EQ(stored(), "Alfa 10|Beta 20|Delta 30,5");
+    EXPECT_EQ(grid().row(), 3U);
+    EXPECT_EQ(grid().col(), 1U);
+    for (int cell = 0; cell < 4; ++cell) {
+        user.key(Key::tab);
+    }
+    EXPECT_FALSE(grid().hasFocus());  // nothing was begun in the new-row line
+    EXPECT_EQ(grid().dataRows(), 3U);
+}
+
+TEST_F(DataGridTest, KeysOnACell)
+{
+    struct Case {
+        const char* name;
+        std::vector<KeyEvent> keys;
+        bool editing;
+        std::string text;
+    };
+    const KeyEvent x{.key = Key::character, .character = U'x'};
+    const KeyEvent left{.key = Key::left};
+    const std::vector<Case> cases{
+        {"typing replaces", {x, x}, true, "xx"},
+        {"Enter opens with all selected", {{.key = Key::enter}, x}, true, "x"},
+        {"F2 too, and Left only drops the selection", {{.key = Key::f2}, left, x}, true, "xAlfa"},
+        {"an arrow inside the text stays in it", {x, x, left, x}, true, "xxx"},
+        {"an arrow at its end leaves it", {x, {.key = Key::right}}, false, "x"},
+        {"Delete empties", {{.key = Key::del}, {.key = Key::enter}}, false, ""},
+        {"Backspace empties", {{.key = Key::backspace}, x}, true, "x"},
+        {"Enter accepts", {x, {.key = Key::enter}}, false, "x"},
+        {"Escape gives back", {x, {.key = Key::escape}}, false, "Alfa"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        user.goToCell(grid(), 0, 1);
+        for (const KeyEvent& key : one.keys) {
+            user.key(key);
+        }
+        EXPECT_EQ(grid().editing(), one.editing);
+        EXPECT_EQ(grid().cellText(0, 1), one.text);
+        while (grid().userEscape()) {
+        }
+    }
+}
+
+TEST_F(DataGridTest, OnlyAWholeRowOrControlDeletesARow)
+{
+    user.goToCell(grid(), 0, 1);
+    user.key({.key = Key::character, .character = U' ', .shift = true});
+    EXPECT_TRUE(grid().rowSelected());
+    user.key(Key::down);  // the row is no longer selected
+    user.key(Key::del);
+    EXPECT_EQ(stored(), "Alfa 10|Beta 20");
+    user.key(Key::escape);
+    user.key({.key = Key::del, .ctrl = true});
+    EXPECT_EQ(stored(), "Alfa 10");
+    user.key(Key::up);
+    user.key({.key = Key::character, .character = U' ', .shift = true});
+    user.key(Key::del);
+    EXPECT_EQ(stored(), "");
+    grid().allowDelete = false;
+    user.editCell(grid(), 0, 1, "Gamma");
+    user.key({.key = Key::del, .ctrl = true});
+    EXPECT_EQ(grid().dataRows(), 1U);
+}
+
+TEST_F(DataGridTest, EnterAndSpacePressTheButtonOfACell)
+{
+    std::vector<DataColumn> columns = grid().columns();
+    columns[2].button = true;
+    columns[2].locked = true;
+    grid().setColumns(columns);
+    int pressed = 0;
+    grid().onButtonClick = [&](std::size_t column) { pressed += column == 2 ? 1 : 100; };
+    user.goToCell(grid(), 0, 2);
+    user.key(Key::enter);
+    user.type(" ");
+    EXPECT_EQ(pressed, 2);
+    EXPECT_FALSE(grid().editing());
+    user.goToCell(grid(), 0, 1);
+    user.type(" ");
+    EXPECT_EQ(pressed, 2);
+    EXPECT_EQ(grid().cellText(0, 1), " ");
+}
+
+TEST_F(DataGridTest, APastedTextIsOneLineAndGoesWhereTheCaretIs)
+{
+    user.goToCell(grid(), 0, 1);
+    user.paste("L'Aquila\n100% \"x\"");
+    EXPECT_EQ(grid().cellText(0, 1), "L'Aquila 100% \"x\"");
+    user.key(Key::home);
+    user.paste("*");
+    user.key(Key::enter);
+    user.goToCell(grid(), 1, 1);
+    EXPECT_EQ(stored(), "*L'Aquila 100% \"x\" 10|Beta 20");
+    const std::string lungo(5000, 'x');
+    user.paste(lungo);
+    user.goToCell(grid(), 0, 1);
+    EXPECT_EQ(set.valueAt(1, 1).text(), lungo);
+}
+
 TEST_F(DataGridTest, UnbindingSendsTheRowUnderWay)
 {
     user.editCell(grid(), 0, 1, "Gamma");
