@@ -35,7 +35,8 @@ frmInformazioniDitta::frmInformazioniDitta(Sessione& sessione)
     for (OptionButton& scelta : optStampa) {
         scelta.onClick = [this] { abilitaImmagine(); };
     }
-    lblPercorsoImmagine.sunken = true;
+    lblPercorsoImmagine.setLocked(true);
+    lblPercorsoImmagine.grows = true;
     lblPercorsoImmagine.setAccessibleName("Immagine del logo");
     cmdImmagine.onClick = [this] {
         // Cancelled: the path stays.
@@ -88,7 +89,7 @@ void frmInformazioniDitta::onLoad()
 
 void frmInformazioniDitta::apriBanche()
 {
-    constexpr std::array larghezze{0, 3600, 2400, 1500, 1500};  // twips
+    constexpr std::array larghezze{0, 3200, 3400, 1400, 1400};  // twips
     constexpr std::array titoli{"", "Banca", "Conto corrente", "Fido", "Saldo"};
     constexpr std::size_t primoImporto = 3;
     banche_ = sessione_.cn.openTable("BancheDitta");
@@ -146,7 +147,7 @@ void frmInformazioniDitta::scriviDati()
         record[i] = txtAnagrafica[i].text();
     }
     record["TipoStampa"] = optStampa[immagineLogo].chosen() ? stampaLogo : stampaDati;
-    record["PercorsoImmagineLogo"] = lblPercorsoImmagine.caption();
+    record["PercorsoImmagineLogo"] = lblPercorsoImmagine.text();
     record.update();
     record.close();
     Variato = false;
@@ -156,7 +157,7 @@ void frmInformazioniDitta::scriviDati()
 
 void frmInformazioniDitta::mostraPercorso(const std::string& percorso)
 {
-    lblPercorsoImmagine.setCaption(percorso);
+    lblPercorsoImmagine.setText(percorso);
     lblPercorsoImmagine.setToolTip(percorso);
 }
 

@@ -22,7 +22,7 @@ public:
                                          TextBox(7),  TextBox(18), TextBox(18), TextBox(18)};
     Label lblStampa{"Sui documenti stampa:"};
     std::array<OptionButton, 2> optStampa{OptionButton("Dati azienda"), OptionButton("Immagine logo")};
-    Label lblPercorsoImmagine;
+    TextBox lblPercorsoImmagine{40};  // read only, for paths longer than its place
     Button cmdImmagine{"Immagi&ne..."};
     Button cmdLogo{"Logo per stampe.."};
     Frame fraBanche{"Banche"};

@@ -18,6 +18,8 @@ frmLogo::frmLogo(Sessione& sessione)
     : Form(sessione.desktop(), "frmLogo", titolo, WindowStyle::dialog),
       sessione_(sessione)
 {
+    picMain.boxWidth = larghezzaRiquadro;
+    picMain.boxHeight = altezzaRiquadro;
     picLogo.boxWidth = larghezzaRiquadro;
     picLogo.boxHeight = altezzaRiquadro;
     picLogo.failureText = "L'immagine non può essere letta";
@@ -41,8 +43,9 @@ frmLogo::frmLogo(Sessione& sessione)
     add("cmdDelete", cmdDelete);
     add("cmdOk", cmdOk);
     using namespace layout;
-    setLayout(column({frame(picMain, column({of(picLogo), of(lblMessaggio)})), of(lblDimensioni), of(chkBordo),
-                      rowEnd({of(cmdSfoglia), of(cmdDelete), of(cmdOk)})}));
+    setLayout(column(
+        {frame(picMain, column({stretch(), row({stretch(), of(picLogo), of(lblMessaggio), stretch()}), stretch()})),
+         of(lblDimensioni), of(chkBordo), rowEnd({of(cmdSfoglia), of(cmdDelete), of(cmdOk)})}));
     setCancelButton(&cmdOk);
 }
 

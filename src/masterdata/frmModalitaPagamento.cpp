@@ -11,7 +11,7 @@ constexpr const char* dataFattura = "DF";
 constexpr const char* fineMese = "FM";
 constexpr const char* campoDecorrenza = "DF-FM";
 
-constexpr int larghezzaNome = 3600;  // twips
+constexpr int larghezzaNome = 4600;  // twips
 constexpr int larghezzaGiorni = 650;
 constexpr int larghezzaDecorrenza = 1000;
 
@@ -48,6 +48,7 @@ void frmModalitaPagamento::onLoad()
         } else if (campo.name == campoDecorrenza) {
             colonnaDecorrenza_ = colonne.size();
             colonna.width = larghezzaDecorrenza;
+            colonna.align = Align::centre;
             colonna.locked = true;
             colonna.button = true;
         } else if (campo.type == FieldType::text) {

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "FormeDimostrative.h"
+#include "journey/OffscreenScreen.h"
 #include "platform/preview/frmAnteprima.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/QtDesktop.h"
@@ -19,28 +20,6 @@
 
 namespace bravona {
 namespace {
-
-QPalette scura()
-{
-    const QColor fondo(0x2B, 0x2D, 0x30), campo(0x1E, 0x1F, 0x22), testo(0xDD, 0xDF, 0xE2);
-    QPalette p(QColor(0x3A, 0x3D, 0x41), fondo);
-    p.setColor(QPalette::Window, fondo);
-    p.setColor(QPalette::WindowText, testo);
-    p.setColor(QPalette::Base, campo);
-    p.setColor(QPalette::AlternateBase, QColor(0x25, 0x27, 0x2A));
-    p.setColor(QPalette::Text, testo);
-    p.setColor(QPalette::Button, QColor(0x3A, 0x3D, 0x41));
-    p.setColor(QPalette::ButtonText, testo);
-    p.setColor(QPalette::ToolTipBase, fondo);
-    p.setColor(QPalette::ToolTipText, testo);
-    p.setColor(QPalette::Highlight, QColor(0x2F, 0x65, 0xA8));
-    p.setColor(QPalette::HighlightedText, Qt::white);
-    p.setColor(QPalette::PlaceholderText, QColor(0x8A, 0x8D, 0x91));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        p.setColor(QPalette::Disabled, role, QColor(0x7A, 0x7D, 0x81));
-    }
-    return p;
-}
 
 void salva(QWidget& widget, const QString& nome, double rapporto)
 {
@@ -57,7 +36,7 @@ protected:
     void SetUp() override
     {
         prima_ = QApplication::palette();
-        QApplication::setPalette(GetParam() ? scura() : QApplication::style()->standardPalette());
+        QApplication::setPalette(GetParam() ? darkPalette() : QApplication::style()->standardPalette());
     }
     void TearDown() override { QApplication::setPalette(prima_); }
 

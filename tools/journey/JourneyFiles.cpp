@@ -21,6 +21,8 @@ bool readArguments(int argc, char** argv, Arguments& arguments)
             arguments.options.keepAt = fs::absolute(argv[++at]);
         } else if (word == "--pictures" && more) {
             arguments.options.picturesAt = fs::absolute(argv[++at]);
+        } else if (word == "--dark") {
+            arguments.dark = true;
         } else if (word.size() > 1 && word.starts_with('-')) {
             return false;
         } else {

@@ -10,6 +10,7 @@ namespace bravona {
 
 struct Arguments {
     bool qt = false;
+    bool dark = false;  // the real windows in a dark palette
     JourneyOptions options;
     std::vector<std::string> places;
 };

@@ -55,9 +55,13 @@ QMessageBox::StandardButton buttonOf(MsgAnswer answer)
 
 }  // namespace
 
-std::unique_ptr<JourneyHost> makeQtHost(int& argc, char** argv)
+std::unique_ptr<JourneyHost> makeQtHost(int& argc, char** argv, bool dark)
 {
-    return std::make_unique<QtJourneyHost>(argc, argv);
+    auto host = std::make_unique<QtJourneyHost>(argc, argv);
+    if (dark) {
+        QApplication::setPalette(darkPalette());
+    }
+    return host;
 }
 
 QtJourneyHost::QtJourneyHost(int& argc, char** argv)

@@ -77,6 +77,6 @@ private:
     int depth_ = 0;  // of modal windows whose steps run
 };
 
-std::unique_ptr<JourneyHost> makeQtHost(int& argc, char** argv);
+std::unique_ptr<JourneyHost> makeQtHost(int& argc, char** argv, bool dark);
 
 }  // namespace bravona

@@ -21,10 +21,10 @@ constexpr int allPassed = 0;
 constexpr int someFailed = 1;
 constexpr int notReadable = 2;
 
-std::unique_ptr<JourneyHost> makeHost(bool real, int& argc, char** argv)
+std::unique_ptr<JourneyHost> makeHost(const Arguments& arguments, int& argc, char** argv)
 {
-    if (real) {
-        return makeQtHost(argc, argv);
+    if (arguments.qt) {
+        return makeQtHost(argc, argv, arguments.dark);
     }
     return std::make_unique<ProvaHost>();
 }
@@ -46,7 +46,7 @@ int main(int argc, char** argv)
 {
     Arguments arguments;
     if (!readArguments(argc, argv, arguments)) {
-        std::cerr << "bravona_journey [--host prova|qt] [--keep DIR] [--pictures DIR] FILE|FOLDER ...\n";
+        std::cerr << "bravona_journey [--host prova|qt] [--keep DIR] [--pictures DIR] [--dark] FILE|FOLDER ...\n";
         return notReadable;
     }
     arguments.options.print = [](const std::string& what) { std::cout << what << std::endl; };
@@ -58,7 +58,7 @@ int main(int argc, char** argv)
             status = notReadable;
         }
     }
-    const std::unique_ptr<JourneyHost> host = makeHost(arguments.qt, argc, argv);
+    const std::unique_ptr<JourneyHost> host = makeHost(arguments, argc, argv);
     if (host == nullptr) {
         std::cerr << "this build has no real windows\n";
         return notReadable;

@@ -49,10 +49,15 @@ void FrameWidget::changeEvent(QEvent* event)
 
 void FrameWidget::paintEvent(QPaintEvent* /*event*/)
 {
+    QPainter painter(this);
+    if (boxed) {
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.setBrush(palette().color(QPalette::Base));
+        painter.drawRect(QRect(0, captionHeight(), width() - 1, height() - captionHeight() - 1));
+    }
     if (caption_.isEmpty()) {
         return;
     }
-    QPainter painter(this);
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);
     painter.setFont(bold);
@@ -72,6 +77,11 @@ FrameBinder::FrameBinder(FormWindow& window, Frame& frame, QWidget* parent)
       frame_(new FrameWidget(parent))
 {
     setWidget(frame_);
+    if (frame.boxWidth > 0) {
+        frame_->boxed = true;
+        frame_->setFixedHeight(frame.boxHeight);
+        frame_->setMinimumWidth(frame.boxWidth);
+    }
 }
 
 void FrameBinder::follow(Aspect aspect, std::size_t /*row*/)
@@ -152,7 +162,7 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/)
     if (!picture.isNull()) {
         const QRect frame(place, picture.size());
         if (shadow) {
-            theme::drawShadow(painter, frame);
+            theme::drawShadow(painter, frame, palette());
         }
         painter.drawPixmap(place, picture);
     } else if (!failure.isEmpty()) {

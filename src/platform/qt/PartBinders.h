@@ -20,6 +20,7 @@ public:
     explicit FrameWidget(QWidget* parent);
     void setCaption(const QString& caption);
     void leaveRoomForCaption();  // once it has its layout
+    bool boxed = false;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -235,13 +235,13 @@ void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& p
     painter.restore();
 }
 
-void drawShadow(QPainter& painter, const QRect& frame)
+void drawShadow(QPainter& painter, const QRect& frame, const QPalette& palette)
 {
     constexpr int depth = 6;
     constexpr int strength = 40;  // of one layer, of 255
     painter.save();
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, strength));
+    painter.setBrush(dark(palette) ? QColor(255, 255, 255, strength) : QColor(0, 0, 0, strength));
     for (int layer = 0; layer < depth / 2; ++layer) {
         painter.drawRect(frame.translated(depth, depth).adjusted(layer - depth, layer - depth, -layer, -layer));
     }

@@ -38,7 +38,8 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
 // The paid and unpaid marks of a grid, centred in the cell.
 void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette);
 
-// A soft shadow that falls from this frame to the right and below; drawn before what stands in the frame.
-void drawShadow(QPainter& painter, const QRect& frame);
+// A soft shadow that falls from this frame to the right and below; drawn before what stands in the frame;
+// on a dark ground a light one.
+void drawShadow(QPainter& painter, const QRect& frame, const QPalette& palette);
 
 }  // namespace bravona::theme

@@ -21,6 +21,10 @@ public:
     void setCaption(std::string caption);
     [[nodiscard]] std::string shownText() const override { return caption_; }
 
+    // A sunken box of this size, in pixels as pictures count; 0: as large as what stands in it, and no box.
+    int boxWidth = 0;
+    int boxHeight = 0;
+
 private:
     std::string caption_;
 };
