@@ -220,6 +220,68 @@ TEST_F(Gesti, LaTabellaLegataSiModificaEAggiungeRighe)
     EXPECT_EQ(griglia.dataRows(), prima);
 }
 
+TEST_F(Gesti, LaTabellaLegataSiUsaConISoliTasti)
+{
+    auto& griglia = controlli->grdTabella;
+    auto& vista = static_cast<QTableView&>(widget(griglia));
+    griglia.setFocus();
+    QTest::keyClick(&fuoco(), Qt::Key_Home, Qt::ControlModifier);
+    QTest::keyClick(&fuoco(), Qt::Key_F2);
+    auto* editor = qobject_cast<QLineEdit*>(&fuoco());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->selectedText().toStdString(), griglia.cellText(0, 0));
+    QTest::keyClick(&fuoco(), Qt::Key_Right);  // only drops the selection
+    EXPECT_EQ(griglia.col(), 0U);
+    QTest::keyClick(&fuoco(), Qt::Key_Right);
+    EXPECT_EQ(griglia.col(), 1U);
+    EXPECT_FALSE(griglia.editing());
+
+    QTest::keyClick(&fuoco(), Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(vista.selectionModel()->selectedIndexes().size(), 3);  // the row is seen to be chosen
+    QTest::keyClick(&fuoco(), Qt::Key_Down);
+    EXPECT_EQ(vista.selectionModel()->selectedIndexes().size(), 1);
+    const std::size_t prima = griglia.dataRows();
+    QTest::keyClick(&fuoco(), Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(griglia.dataRows(), prima - 1);
+
+    QTest::keyClick(&fuoco(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(griglia.row(), griglia.dataRows());
+    QTest::keyClicks(&fuoco(), QStringLiteral("X"));
+    QTest::keyClick(&fuoco(), Qt::Key_Tab);
+    QTest::keyClick(&fuoco(), Qt::Key_Tab);  // the last cell of a changed row: on to the next one
+    EXPECT_EQ(griglia.row(), prima);
+    EXPECT_EQ(griglia.col(), 0U);
+    EXPECT_EQ(vista.currentIndex(), vista.model()->index(static_cast<int>(prima), 0));
+    EXPECT_TRUE(griglia.hasFocus());
+
+    int premuto = 0;
+    griglia.onButtonClick = [&](std::size_t) { ++premuto; };
+    const QRect cella = vista.visualRect(vista.model()->index(0, 2));
+    const QPoint pulsante(cella.right() - 4, cella.center().y());
+    QTest::mouseClick(vista.viewport(), Qt::LeftButton, {}, pulsante);
+    QTest::mouseDClick(vista.viewport(), Qt::LeftButton, {}, pulsante);  // two quick clicks are two
+    QTest::keyClick(&fuoco(), Qt::Key_Return);
+    EXPECT_EQ(premuto, 3);
+}
+
+TEST_F(Gesti, UnaGrigliaBloccataSiPercorreESiVedeBloccata)
+{
+    auto& documento = apri<FormaDocumento>();
+    documento.SSTabDocumento.setTab(3);
+    documento.Griglia.setCurrent(1, 1);
+    documento.Griglia.setLocked(true);
+    documento.Griglia.setFocus();
+    QTest::keyClick(&fuoco(), Qt::Key_Down);
+    QTest::keyClick(&fuoco(), Qt::Key_Right);
+    EXPECT_TRUE(documento.Griglia.hasFocus());
+    EXPECT_EQ(documento.Griglia.row(), 2);
+    EXPECT_EQ(documento.Griglia.col(), 2);
+    const QWidget& vista = widget(documento.Griglia);
+    EXPECT_EQ(vista.palette().color(QPalette::Base), vista.palette().color(QPalette::Window));
+    documento.Griglia.setLocked(false);
+    EXPECT_NE(vista.palette().color(QPalette::Base), vista.palette().color(QPalette::Window));
+}
+
 TEST_F(Gesti, LEditorSopraLaCellaStaDoveLaCella)
 {
     auto& documento = apri<FormaDocumento>();

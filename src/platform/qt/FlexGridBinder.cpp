@@ -242,6 +242,17 @@ void FlexGridBinder::shareSpareWidth()
     laying_ = false;
 }
 
+// A grid that cannot be changed has the ground of its window; it is walked and read as before.
+void FlexGridBinder::followLock()
+{
+    QPalette palette = QApplication::palette(view_);
+    if (c().locked()) {
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+        palette.setColor(QPalette::AlternateBase, palette.color(QPalette::Window));
+    }
+    view_->setPalette(palette);
+}
+
 void FlexGridBinder::followRows()
 {
     view_->following = true;
@@ -314,6 +325,9 @@ void FlexGridBinder::follow(Aspect aspect, std::size_t row)
         followCurrent();
         layEditors();
         break;
+    case Aspect::value:
+        followLock();
+        break;
     case Aspect::scroll:
         view_->scrollToBottom();
         break;
@@ -336,6 +350,7 @@ void FlexGridBinder::followColours()
 void FlexGridBinder::followAll()
 {
     followColumns();
+    followLock();
     followEditors();
 }
 

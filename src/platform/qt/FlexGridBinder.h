@@ -54,6 +54,7 @@ protected:
 private:
     void followColumns();
     void followRows();
+    void followLock();
     void followCurrent();
     void followEditors();
     void layEditors();

@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPageSize>
@@ -109,6 +111,13 @@ std::optional<std::string> chosen(const QString& path)
     return path.isEmpty() ? std::nullopt : std::optional(fromQt(path));
 }
 
+// A place of another system is none here: the person's own folder instead.
+QString startingFolder(const std::string& folder)
+{
+    const QString place = toQt(folder);
+    return place.isEmpty() || QFileInfo(place).isDir() ? place : QDir::homePath();
+}
+
 QPageLayout sheetOf(const Pages& pages)
 {
     return {QPageSize(QSizeF(pages.width / twipsPerPoint, pages.height / twipsPerPoint), QPageSize::Point, QString(),
@@ -186,8 +195,8 @@ std::optional<std::string> QtDesktop::openFile(const FileDialog& dialog)
     if (hooks.openFile) {
         return hooks.openFile(dialog);
     }
-    return chosen(
-        QFileDialog::getOpenFileName(frontWindow(), toQt(dialog.title), toQt(dialog.folder), filterOf(dialog.filter)));
+    return chosen(QFileDialog::getOpenFileName(frontWindow(), toQt(dialog.title), startingFolder(dialog.folder),
+                                               filterOf(dialog.filter)));
 }
 
 std::optional<std::string> QtDesktop::saveFile(const FileDialog& dialog, const std::string& name)
