@@ -4,6 +4,10 @@
 #include "documents/frmEmissioneDocumento.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
+#include "maintenance/FRMRipristino.h"
+#include "maintenance/FRM_Backup.h"
+#include "maintenance/frmBackup.h"
+#include "maintenance/modArchivio.h"
 #include "masterdata/clsTabellaCodiciIVA.h"
 #include "masterdata/frmCodiciIva.h"
 #include "masterdata/frmInformazioniDitta.h"
@@ -72,6 +76,11 @@ void Programma::registraSchermate()
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
+
+    registra<frmBackup>(sessione_, "frmBackup");
+    registra<FRM_Backup>(sessione_, "FRM_Backup");
+    registra<FRMRipristino>(sessione_, "FRMRipristino");
+    sessione_.Comandi.CompattaArchivio = [this] { CompattaArchivio(sessione_); };
 }
 
 void Programma::avvia()

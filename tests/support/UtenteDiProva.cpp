@@ -287,12 +287,12 @@ void UtenteDiProva::scroll(ScrollBar& bar, int value)
 
 void UtenteDiProva::chooseDrive(DriveList& drives, int drive)
 {
-    onControl(drives, [&] { drives.setDrive(drives.drives().at(static_cast<std::size_t>(drive))); });
+    onControl(drives, [&] { drives.userChoose(drives.drives().at(static_cast<std::size_t>(drive))); });
 }
 
 void UtenteDiProva::chooseFolder(DirList& folders, const std::string& path)
 {
-    onControl(folders, [&] { folders.setPath(path); });
+    onControl(folders, [&] { folders.userChoose(path); });
 }
 
 void UtenteDiProva::selectFile(FileList& files, int file)

@@ -81,7 +81,15 @@ public:
 
     // --- Desktop
     void popupMenu(Form& form, Menu& menu) override;
-    void processEvents() override { ++paints_; }
+    void processEvents() override
+    {
+        ++paints_;
+        if (whileWorking) {
+            whileWorking();
+        }
+    }
+    void repaint() override { ++paints_; }
+    std::function<void()> whileWorking;  // what the hand does while the program works and looks for input
     [[nodiscard]] int paints() const { return paints_; }  // times that windows were let paint
     void centre(Form& form, bool onScreen) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;

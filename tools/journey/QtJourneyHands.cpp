@@ -254,7 +254,7 @@ void QtJourneyHost::chooseDrive(DriveList& drives, int drive)
 void QtJourneyHost::chooseFolder(DirList& folders, const std::string& path)
 {
     focus(folders);
-    desktop_->enter([&] { folders.setPath(path); });
+    desktop_->enter([&] { folders.userChoose(path); });
     settle();
 }
 

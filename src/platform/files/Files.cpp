@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -19,6 +20,7 @@ namespace fs = std::filesystem;
 constexpr mode_t permessiNuovoFile = 0666;  // less what the user's mask takes away
 constexpr mode_t soloPermessi = 07777;
 constexpr std::size_t blocco = std::size_t{1} << 18;
+constexpr std::size_t pezzo = std::size_t{1} << 22;  // between two calls of `betweenPieces`
 
 [[noreturn]] void fallito(std::uint32_t numero, const std::string& path)
 {
@@ -263,11 +265,14 @@ Bytes Files::read(const std::string& path) const
         if (letti == bytes.size()) {
             bytes.resize(letti + blocco);
         }
-        const std::size_t n = leggi(*fd, bytes.data() + letti, bytes.size() - letti, file);
+        const std::size_t n = leggi(*fd, bytes.data() + letti, std::min(pezzo, bytes.size() - letti), file);
         if (n == 0) {
             break;
         }
         letti += n;
+        if (betweenPieces) {
+            betweenPieces();
+        }
     }
     bytes.resize(letti);
     return bytes;
@@ -303,9 +308,24 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
     consolidaCartella(bersaglio);
 }
 
+// On a slow disk the bytes would otherwise all wait for the last flush, with the windows standing still.
+void Files::writeAll(int fd, const std::uint8_t* bytes, std::size_t count, const std::string& path) const
+{
+    while (betweenPieces && count > pezzo) {
+        scrivi(fd, bytes, pezzo, path);
+        if (::fdatasync(fd) != 0) {
+            fallitoPerCodice(errno, path);
+        }
+        bytes += pezzo;
+        count -= pezzo;
+        betweenPieces();
+    }
+    scrivi(fd, bytes, count, path);
+}
+
 void Files::replace(const std::string& path, const Bytes& bytes)
 {
-    replaceWith(path, [&](int fd) { scrivi(fd, bytes.data(), bytes.size(), path); });
+    replaceWith(path, [&](int fd) { writeAll(fd, bytes.data(), bytes.size(), path); });
 }
 
 void Files::copy(const std::string& from, const std::string& to)
@@ -313,9 +333,18 @@ void Files::copy(const std::string& from, const std::string& to)
     const std::string origine = native(from);
     const Descrittore lettura(apriLettura(origine));
     replaceWith(to, [&](int scrittura) {
-        Bytes pezzo(blocco);
-        while (const std::size_t n = leggi(*lettura, pezzo.data(), pezzo.size(), origine)) {
-            scrivi(scrittura, pezzo.data(), n, to);
+        Bytes letti(blocco);
+        std::size_t daConsolidare = 0;
+        while (const std::size_t n = leggi(*lettura, letti.data(), letti.size(), origine)) {
+            scrivi(scrittura, letti.data(), n, to);
+            daConsolidare += n;
+            if (betweenPieces && daConsolidare >= pezzo) {
+                if (::fdatasync(scrittura) != 0) {
+                    fallitoPerCodice(errno, to);
+                }
+                daConsolidare = 0;
+                betweenPieces();
+            }
         }
     });
 }

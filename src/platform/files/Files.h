@@ -26,6 +26,9 @@ public:
     void replace(const std::string& path, const Bytes& bytes);
     // Copies as `replace` writes, a piece at a time.
     void copy(const std::string& from, const std::string& to);
+    // Called between the pieces of a long read, write or copy, each of which has then reached the disk, so that windows
+    // can be painted meanwhile. Touches no file; what it throws gives the operation up.
+    std::function<void()> betweenPieces;
     // An existing file of the new name is replaced; a link is renamed itself.
     void rename(const std::string& from, const std::string& to);
     void remove(const std::string& path);      // Errore 53 when it is missing; a link is removed itself
@@ -41,6 +44,7 @@ public:
 private:
     void replaceWith(const std::string& path, const std::function<void(int)>& write);
     void checkFault(const std::string& path);
+    void writeAll(int fd, const std::uint8_t* bytes, std::size_t count, const std::string& path) const;
 
     std::map<std::string, std::uint32_t> faults_;  // by absolute path
 };

@@ -372,8 +372,11 @@ QSize FormWindow::wantedSize() const
 {
     QSize size = content_->sizeHint().expandedTo(content_->minimumSizeHint());
     if (content_->layout() != nullptr && content_->layout()->hasHeightForWidth()) {
-        size.setHeight(
-            std::max(content_->layout()->totalHeightForWidth(size.width()), content_->minimumSizeHint().height()));
+        // As if a scroll bar took its width: one that was there for a moment would otherwise make the texts higher, and
+        // so keep itself needed.
+        const int bar = content_->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, content_);
+        size.setHeight(std::max(content_->layout()->totalHeightForWidth(size.width() - bar),
+                                content_->minimumSizeHint().height()));
     }
     if (kind_ == Kind::child) {
         // The frame and the title around the contents.

@@ -1,6 +1,7 @@
 #include "platform/qt/PlaceBinders.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QKeyEvent>
 #include <QStyle>
 
@@ -21,7 +22,7 @@ DriveBinder::DriveBinder(FormWindow& window, DriveList& drives, QWidget* parent)
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo_->setMinimumContentsLength(24);
     QObject::connect(combo_, &QComboBox::activated, combo_, [this](int index) {
-        enter([this, drive = fromQt(combo_->itemText(index))] { c().setDrive(drive); });
+        enter([this, drive = fromQt(combo_->itemText(index))] { c().userChoose(drive); });
         if (alive()) {
             followAll();  // back, when it could not be read
         }
@@ -36,8 +37,10 @@ void DriveBinder::follow(Aspect /*aspect*/, std::size_t /*row*/)
 void DriveBinder::followAll()
 {
     combo_->clear();
+    const QString home = QDir::homePath();
     for (const std::string& drive : c().drives()) {
-        combo_->addItem(QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon), toQt(drive));
+        const QStyle::StandardPixmap icon = toQt(drive) == home ? QStyle::SP_DirHomeIcon : QStyle::SP_DriveHDIcon;
+        combo_->addItem(QApplication::style()->standardIcon(icon), toQt(drive));
     }
     const int current = combo_->findText(toQt(c().drive()));
     if (current < 0 && !c().drive().empty()) {
@@ -50,39 +53,45 @@ void DriveBinder::followAll()
 
 // --- folders
 
+namespace {
+
+std::string above(const std::string& path)
+{
+    const auto slash = path.find_last_of('/');
+    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+}  // namespace
+
 DirBinder::DirBinder(FormWindow& window, DirList& folders, QWidget* parent)
     : BinderOf(window, folders),
       list_(new QListWidget(parent))
 {
     setWidget(list_);
     list_->setMinimumSize(theme::pixels(200), theme::pixels(150));
-    QObject::connect(list_, &QListWidget::itemDoubleClicked, list_,
-                     [this](QListWidgetItem* item) { goTo(item->text()); });
+    list_->setIconSize(QSize(theme::pixels(16), theme::pixels(16)));
+    list_->setTextElideMode(Qt::ElideLeft);  // of a long path the end tells more
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QObject::connect(list_, &QListWidget::itemDoubleClicked, list_, [this](QListWidgetItem* item) { goTo(*item); });
 }
 
-void DirBinder::goTo(const QString& name)
+// A folder that may not be read is left as it is: the list keeps its place.
+void DirBinder::goTo(const QListWidgetItem& item)
 {
-    enter([this, name] {
-        // A folder that may not be read is left as it is: the list keeps its place.
-        std::string path = c().path();
-        if (name == QLatin1String("..")) {
-            const auto slash = path.find_last_of('/');
-            path = slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
-        } else {
-            path += (path.ends_with('/') ? "" : "/") + fromQt(name);
-        }
-        c().setPath(path);
+    enter([this, name = fromQt(item.text()), here = list_->row(&item) == 0] {
+        const std::string& path = c().path();
+        c().userChoose(here ? path : name == ".." ? above(path) : path + (path.ends_with('/') ? "" : "/") + name);
     });
 }
 
 bool DirBinder::key(QKeyEvent& event)
 {
     if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && list_->currentItem() != nullptr) {
-        goTo(list_->currentItem()->text());
+        goTo(*list_->currentItem());
         return true;
     }
     if (event.key() == Qt::Key_Backspace) {
-        goTo(QStringLiteral(".."));
+        enter([this] { c().userChoose(above(c().path())); });
         return true;
     }
     return false;
@@ -96,13 +105,20 @@ void DirBinder::follow(Aspect /*aspect*/, std::size_t /*row*/)
 void DirBinder::followAll()
 {
     list_->clear();
+    list_->setToolTip(toQt(c().path()));
+    if (c().path().empty()) {
+        return;
+    }
+    // Where one is, over what one can go to.
+    auto* here =
+        new QListWidgetItem(QApplication::style()->standardIcon(QStyle::SP_DirOpenIcon), toQt(c().path()), list_);
+    QFont bold = list_->font();
+    bold.setBold(true);
+    here->setFont(bold);
     for (const std::string& folder : c().folders()) {
         list_->addItem(new QListWidgetItem(QApplication::style()->standardIcon(QStyle::SP_DirIcon), toQt(folder)));
     }
-    list_->setToolTip(toQt(c().path()));
-    if (list_->count() > 0) {
-        list_->setCurrentRow(0);
-    }
+    list_->setCurrentRow(0);
 }
 
 // --- files
@@ -113,6 +129,7 @@ FileBinder::FileBinder(FormWindow& window, FileList& files, QWidget* parent)
 {
     setWidget(list_);
     list_->setMinimumSize(theme::pixels(200), theme::pixels(150));
+    list_->setIconSize(QSize(theme::pixels(16), theme::pixels(16)));
     QObject::connect(list_, &QListWidget::currentRowChanged, list_, [this](int row) {
         if (!list_->following && row >= 0) {
             enter([this, row] { c().setListIndex(row); });

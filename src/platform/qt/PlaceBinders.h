@@ -26,14 +26,14 @@ private:
 class DirBinder final : public BinderOf<DirList> {
 public:
     DirBinder(FormWindow& window, DirList& folders, QWidget* parent);
-    bool key(QKeyEvent& event) override;  // Enter goes into a folder, Backspace out of it
+    bool key(QKeyEvent& event) override;  // Enter goes into a folder or chooses the one shown, Backspace out of it
 
 protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followAll() override;
 
 private:
-    void goTo(const QString& name);
+    void goTo(const QListWidgetItem& item);
     QListWidget* list_;
 };
 

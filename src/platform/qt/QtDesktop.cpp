@@ -220,6 +220,11 @@ void QtDesktop::processEvents()
     QCoreApplication::processEvents(inTransaction() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
 }
 
+void QtDesktop::repaint()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 void QtDesktop::setPointer(Pointer pointer)
 {
     Desktop::setPointer(pointer);

@@ -66,6 +66,7 @@ public:
     void setPointer(Pointer pointer) override;
     void popupMenu(Form& form, Menu& menu) override;
     void processEvents() override;
+    void repaint() override;
     void centre(Form& form, bool onScreen) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog, const std::string& name) override;

@@ -101,19 +101,20 @@ void Connection::create(const std::string& path, std::string_view password)
     impl_->path = path;
 }
 
-void Connection::compact(const std::string& from, const std::string& to, std::string_view password)
+void Connection::compact(const std::string& from, const std::string& to, std::string_view password,
+                         const Working& whileWorking)
 {
     std::error_code failure;
     if (fs::exists(fs::symlink_status(to, failure))) {
         throw Errore(3204, "Il file \"" + to + "\" esiste già.");
     }
-    Connection whole;
-    whole.open(from, password);  // plays back what a kill has left
-    whole.close();
+    settle(from, password);
+    discardJournal(to);
     try {
         fs::copy_file(realPath(from), to);
         Connection copy;
         copy.open(to, password);
+        copy.impl_->engine.whileWorking(whileWorking);
         copy.executeNative("VACUUM");
     } catch (const fs::filesystem_error& e) {
         fs::remove(to, failure);
@@ -122,6 +123,42 @@ void Connection::compact(const std::string& from, const std::string& to, std::st
     } catch (...) {
         fs::remove(to, failure);
         throw;
+    }
+}
+
+void Connection::verify(const std::string& path, std::string_view password, const Working& whileWorking)
+{
+    Connection whole;
+    whole.open(path, password);
+    whole.impl_->engine.whileWorking(whileWorking);
+    EngineStatement check(whole.impl_->engine.get(), "PRAGMA quick_check(1)");
+    const Running running(check);
+    const bool told = check.step();
+    const auto* answer = told ? reinterpret_cast<const char*>(sqlite3_column_text(check.get(), 0)) : nullptr;
+    if (answer == nullptr || std::string_view(answer) != "ok") {
+        throw engineError(SQLITE_CORRUPT, {});
+    }
+}
+
+void Connection::settle(const std::string& path, std::string_view password)
+{
+    {
+        Connection whole;
+        whole.open(path, password);
+        whole.begin();  // refused while another program writes: a journal there is that program's
+        whole.rollback();
+    }
+    // The engine plays back a journal with something in it and passes over an empty one.
+    discardJournal(path);
+}
+
+void Connection::discardJournal(const std::string& path)
+{
+    std::error_code failure;
+    const std::string journal = realPath(path) + "-journal";
+    fs::remove(journal, failure);
+    if (failure) {
+        throw Errore(errori::permessoNegato, "Permesso negato: " + journal);
     }
 }
 

@@ -37,9 +37,22 @@ public:
     void open(const std::string& path, std::string_view password);
     // Makes a new, empty file (no tables). Errore when it exists.
     void create(const std::string& path, std::string_view password);
+    // --- an archive as a file; it must not be open in this program. `whileWorking` is called every so often during
+    // long work; it runs no statement and throws nothing.
+    using Working = std::function<void()>;
     // Writes a copy of an archive without the room that deleted rows have left. Errore 3204 when `to` exists; a failure
-    // leaves no `to`. The archive must not be open.
-    static void compact(const std::string& from, const std::string& to, std::string_view password);
+    // leaves no `to`.
+    static void compact(const std::string& from, const std::string& to, std::string_view password,
+                        const Working& whileWorking = {});
+    // Reads all of it. Errore as `open`, and 3049 when anything in it is damaged.
+    static void verify(const std::string& path, std::string_view password, const Working& whileWorking = {});
+    // Makes it ready to be copied or replaced: what a kill has left is rolled back, and no journal lies beside it.
+    // Errore as `open`, and 3218 when another program is changing it.
+    static void settle(const std::string& path, std::string_view password);
+    // Removes a journal beside a path where no archive is, or none that could be opened: it must not be played into a
+    // file that comes there.
+    static void discardJournal(const std::string& path);
+
     void close();
     [[nodiscard]] bool isOpen() const;
     [[nodiscard]] const std::string& path() const;

@@ -214,6 +214,22 @@ void Engine::run(const std::string& sql)
     throw engineError(sqlite3_extended_errcode(db_), text);
 }
 
+void Engine::whileWorking(const std::function<void()>& callback) noexcept
+{
+    constexpr int steps = 20'000;  // of the engine's machine, some milliseconds
+    if (!callback) {
+        sqlite3_progress_handler(db_, 0, nullptr, nullptr);
+        return;
+    }
+    sqlite3_progress_handler(
+        db_, steps,
+        [](void* called) {
+            (*static_cast<const std::function<void()>*>(called))();
+            return 0;
+        },
+        const_cast<std::function<void()>*>(&callback));
+}
+
 std::int64_t Engine::number(const std::string& sql)
 {
     EngineStatement s(db_, sql);

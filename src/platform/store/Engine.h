@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -73,6 +74,8 @@ public:
     [[nodiscard]] sqlite3* get() const { return db_; }
     void run(const std::string& sql);
     std::int64_t number(const std::string& sql);  // of one row and column
+    // Called every so often while a statement runs; outlives them.
+    void whileWorking(const std::function<void()>& callback) noexcept;
     [[nodiscard]] std::int64_t touched() const { return sqlite3_changes(db_); }
 
 private:

@@ -78,6 +78,8 @@ public:
     virtual void popupMenu(Form& form, Menu& menu) = 0;
     // Lets windows paint; takes no input while a transaction is open.
     virtual void processEvents() = 0;
+    // Lets windows paint and takes no input, for work in which no other command may come between.
+    virtual void repaint() = 0;
     // CentraFinestra: the middle of the screen, or of the main window's area.
     virtual void centre(Form& form, bool onScreen) = 0;
 

@@ -125,6 +125,15 @@ void DriveList::setDrive(const std::string& drive)
     }
 }
 
+void DriveList::userChoose(const std::string& drive)
+{
+    if (tidy(drive) != drive_) {
+        setDrive(drive);
+    } else if (onChange) {
+        onChange();
+    }
+}
+
 void DirList::setPath(const std::string& path)
 {
     const std::string place = tidy(path);
@@ -135,6 +144,15 @@ void DirList::setPath(const std::string& path)
     folders_.insert(folders_.begin(), "..");
     notify(Aspect::items);
     if (differs && onChange) {
+        onChange();
+    }
+}
+
+void DirList::userChoose(const std::string& path)
+{
+    const bool differs = tidy(path) != path_;
+    setPath(path);  // read again in any case
+    if (!differs && onChange) {
         onChange();
     }
 }

@@ -117,6 +117,7 @@ public:
     [[nodiscard]] const std::string& drive() const { return drive_; }
     void setDrive(
         const std::string& drive);  // raises `onChange`; Errore 71 for a place that is neither listed nor there
+    void userChoose(const std::string& drive);  // by hand: `onChange` also for the place chosen already
     [[nodiscard]] std::string shownText() const override { return drive_; }
     [[nodiscard]] bool focusable() const override { return true; }
     std::function<void()> onChange;
@@ -131,6 +132,7 @@ public:
     DirList() : Control(ControlKind::dirList) {}
     [[nodiscard]] const std::string& path() const { return path_; }
     void setPath(const std::string& path);  // raises `onChange`; Errore 71 or 70 when it cannot be read, the path kept
+    void userChoose(const std::string& path);  // by hand: `onChange` also for the folder shown already
     [[nodiscard]] const std::vector<std::string>& folders() const { return folders_; }  // names; ".." first
     [[nodiscard]] std::string shownText() const override { return path_; }
     [[nodiscard]] bool focusable() const override { return true; }

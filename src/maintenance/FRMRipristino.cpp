@@ -1,0 +1,92 @@
+#include "maintenance/FRMRipristino.h"
+
+#include "maintenance/modArchivio.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+FRMRipristino::FRMRipristino(Sessione& sessione)
+    : FinestraBackup(sessione, "FRMRipristino", "Ripristino Database",
+                     {.prima = "Lettura Backup ...",
+                      .codifica = "Uncompressing Database",
+                      .file = "Repristino Uncompressed File ..."})
+{
+    File1.pattern = "*.bk";
+    File1.setAccessibleName("File di backup");
+    Label1[1].sunken = true;
+    Label1[1].setAccessibleName("File selezionato");
+    Drive1.onChange = [this] { cambiaUnita(); };
+    Dir1.onChange = [this] { cambiaCartella(); };
+    File1.onClick = [this] { scegliFile(); };
+    Command1.onClick = [this] { Ripristina(); };
+
+    add("Label1", Label1);
+    add("Drive1", Drive1);
+    add("Dir1", Dir1);
+    add("File1", File1);
+    add("Label2", Label2);
+    add("Label3", Label3);
+    add("ProgressBar1", ProgressBar1);
+    add("Command1", Command1);
+    setLayout(
+        layout::column({layout::of(Label1[0]), layout::of(Drive1),
+                        layout::grow(layout::row({layout::grow(layout::of(Dir1)), layout::grow(layout::of(File1))})),
+                        layout::form({layout::line(Label2, layout::of(Label1[1]))}), layout::of(Label3),
+                        layout::of(ProgressBar1), layout::rowEnd({layout::of(Command1)})}));
+}
+
+void FRMRipristino::onLoad()
+{
+    FinestraBackup::onLoad();
+    Label1[1].setCaption({});
+    Drive1.setDrive(primoPosto());
+}
+
+void FRMRipristino::cambiaUnita()
+{
+    try {
+        Dir1.setPath(Drive1.drive());
+    } catch (const Errore&) {
+        // A place that cannot be read: the folders stay.
+    }
+}
+
+void FRMRipristino::cambiaCartella()
+{
+    Label1[1].setCaption({});
+    try {
+        File1.setPath(Dir1.path());
+    } catch (const Errore&) {
+        // It went away meanwhile: the files stay.
+    }
+}
+
+void FRMRipristino::scegliFile()
+{
+    const std::string cartella = File1.path().ends_with('/') ? File1.path() : File1.path() + "/";
+    Label1[1].setCaption(cartella + File1.fileName());
+}
+
+void FRMRipristino::Ripristina()
+{
+    if (alLavoro()) {
+        return;
+    }
+    const std::string sorgente = Label1[1].caption();
+    if (sorgente.empty()) {
+        desktop().inform("Seleziona File Backup e Clicka su Ripristina...", "Seleziona Cartella ...");
+        return;
+    }
+    clsHuffman::Esito esito;
+    // A failure is the platform's to report; the screen stays for another file.
+    if (esegui([&](const clsHuffman& huffman) { esito = RipristinaArchivio(sessione_, huffman, sorgente); })) {
+        Annuncia(sessione_, "Ripristinato da " + sorgente + ": " + testoByte(esito.letti) + " byte, archivio " +
+                                testoByte(esito.scritti) + " byte");
+        desktop().inform("Il Database e stato ripristinato. .", "Bravona");
+    } else {
+        Annuncia(sessione_, "Ripristino interrotto");
+    }
+    unload();
+}
+
+}  // namespace bravona

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "maintenance/clsHuffman.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// The archive as a file. An archive in use is replaced in one step or not at all: at whatever instant the machine
+// stops, it holds the old one or the new one, whole. Each operation closes the session's connection while it touches
+// the file and has it open again afterwards, also after a failure. Windows are painted meanwhile.
+
+// The database that a backup reads and a restore replaces, wherever the archive in use lies.
+std::string percorsoDatabase(const Sessione& sessione);
+
+// Packs the database into `destinazione`. Errore 3031 when it is no archive, 3049 when it is damaged, and those of the
+// codec and the files; what was at the destination is then as it was.
+clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione);
+
+// Puts the original of a backup in the place of the database and reads what the session keeps of it again. Errore of
+// the codec and the files; 3031 when the original is no archive of this program, 3049 when it is damaged: nothing has
+// changed then. A failure of the replacement itself leaves the original beside the database, until the next restore.
+clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente);
+
+// Rewrites the archive in use without its dead space, and tells how it went.
+void CompattaArchivio(Sessione& sessione);
+
+// "65.536"
+std::string testoByte(std::uint64_t byte);
+
+}  // namespace bravona
