@@ -14,6 +14,7 @@ FRMRipristino::FRMRipristino(Sessione& sessione)
     File1.pattern = "*.bk";
     File1.setAccessibleName("File di backup");
     Label1[1].sunken = true;
+    Label1[1].wrap = true;  // a long path shows whole
     Label1[1].setAccessibleName("File selezionato");
     Drive1.onChange = [this] { cambiaUnita(); };
     Dir1.onChange = [this] { cambiaCartella(); };
@@ -80,8 +81,8 @@ void FRMRipristino::Ripristina()
     clsHuffman::Esito esito;
     // A failure is the platform's to report; the screen stays for another file.
     if (esegui([&](const clsHuffman& huffman) { esito = RipristinaArchivio(sessione_, huffman, sorgente); })) {
-        Annuncia(sessione_, "Ripristinato da " + sorgente + ": " + testoByte(esito.letti) + " byte, archivio " +
-                                testoByte(esito.scritti) + " byte");
+        Annuncia(sessione_, "Ripristinato archivio di " + testoByte(esito.scritti) + " byte (backup " +
+                                testoByte(esito.letti) + " byte) da " + sorgente);
         desktop().inform("Il Database e stato ripristinato. .", "Bravona");
     } else {
         Annuncia(sessione_, "Ripristino interrotto");

@@ -64,8 +64,8 @@ void FRM_Backup::CreaBackup()
     clsHuffman::Esito esito;
     try {
         if (esegui([&](const clsHuffman& huffman) { esito = SalvaArchivio(sessione_, huffman, destinazione); })) {
-            Annuncia(sessione_, "Backup in " + destinazione + ": " + testoByte(esito.scritti) + " byte, archivio " +
-                                    testoByte(esito.letti) + " byte");
+            Annuncia(sessione_, "Backup di " + testoByte(esito.scritti) + " byte (archivio " + testoByte(esito.letti) +
+                                    " byte) in " + destinazione);
             desktop().inform("Il Backup e stato fatto e salvato. .\n"
                              "si consiglia di effettuare periodicamente l'operazione di backup.",
                              "Bravona");

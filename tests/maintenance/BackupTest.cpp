@@ -59,8 +59,8 @@ TEST_F(Backup, ThePersonSeesItAdvanceAndWhereItWentAndHowLargeItIs)
     });
     EXPECT_EQ(avanti, 100);
     EXPECT_EQ(parole, "Salvataggio Database ...");
-    EXPECT_EQ(parola(), "Backup in " + backup() + ": " + testoByte(fs::file_size(backup())) + " byte, archivio " +
-                            testoByte(fs::file_size(archivio())) + " byte");
+    EXPECT_EQ(parola(), "Backup di " + testoByte(fs::file_size(backup())) + " byte (archivio " +
+                            testoByte(fs::file_size(archivio())) + " byte) in " + backup());
     EXPECT_EQ(sessione.schermate().find("FRM_Backup"), nullptr);
     EXPECT_EQ(utente.pointer(), Pointer::normal);
     EXPECT_EQ(cliente(), "Rossi");

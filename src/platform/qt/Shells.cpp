@@ -2,7 +2,10 @@
 
 #include <QLabel>
 #include <QMenuBar>
+#include <QPainter>
 #include <QStatusBar>
+#include <QStyle>
+#include <algorithm>
 
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Theme.h"
@@ -28,6 +31,41 @@ bool DeskArea::viewportEvent(QEvent* event)
     return QMdiArea::viewportEvent(event);
 }
 
+namespace {
+
+// A long text ends in an ellipsis in its middle, shows whole as a tip, and never widens the window.
+class PanelLabel final : public QLabel {
+public:
+    explicit PanelLabel(bool shrinks) : shrinks_(shrinks)
+    {
+        setTextFormat(Qt::PlainText);
+        setContentsMargins(theme::unit(), 0, theme::unit(), 0);
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        const QSize whole = QLabel::minimumSizeHint();
+        return shrinks_ ? QSize(std::min(whole.width(), theme::pixels(60)), whole.height()) : whole;
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        if (shown == text()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                              foregroundRole());
+    }
+
+private:
+    bool shrinks_;
+};
+
+}  // namespace
+
 MainShell::MainShell() : area_(new DeskArea(this))
 {
     setCentralWidget(area_);
@@ -38,14 +76,14 @@ MainShell::MainShell() : area_(new DeskArea(this))
 void MainShell::setPanels(const std::vector<std::string>& panels)
 {
     while (panels_.size() < panels.size()) {
-        auto* label = new QLabel;
-        label->setTextFormat(Qt::PlainText);
-        label->setContentsMargins(theme::unit(), 0, theme::unit(), 0);
-        statusBar()->addWidget(label, panels_.empty() ? 0 : 1);
+        auto* label = new PanelLabel(!panels_.empty());
+        const bool last = panels_.size() + 1 == panels.size();
+        statusBar()->addWidget(label, last ? 1 : 0);
         panels_.push_back(label);
     }
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         panels_[i]->setText(i < panels.size() ? toQt(panels[i]) : QString());
+        panels_[i]->setToolTip(panels_[i]->text());
     }
 }
 
