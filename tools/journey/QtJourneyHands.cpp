@@ -183,6 +183,7 @@ void QtJourneyHost::selectNode(TreeView& tree, int node)
 void QtJourneyHost::choose(QWidget& target, int item)
 {
     auto& combo = as<QComboBox>(target);
+    activeWindow();  // as a click would: a window that is not in front has no focus to give
     combo.setFocus(Qt::MouseFocusReason);
     settle();
     combo.showPopup();

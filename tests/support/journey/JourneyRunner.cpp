@@ -66,8 +66,9 @@ JourneyResult JourneyRunner::run(const std::string& name, const std::vector<Step
             host_, options_.keepAt.empty() ? std::filesystem::path() : options_.keepAt / replaceAll(name, "/", "-"));
         host_.setNextStep([this] { return next(); });
         while (next()) {
-            if (restart_) {
-                // Whatever was open has been unwound by now.
+            // A restart may itself be asked to restart while its first window is modal; whatever was open has been
+            // unwound by now.
+            while (restart_) {
                 restart_ = false;
                 session_->stop();
                 ++depth_;
