@@ -104,7 +104,12 @@ void frmRegistraCliente::Registra()
 
 void frmRegistraCliente::scegliComune()
 {
-    auto& comuni = sessione().schermate().as<frmVariazioneComune>("frmVariazioneComune");
+    Schermate& schermate = sessione().schermate();
+    // Open as the table already, it cannot hand anything over.
+    if (Form* aperta = schermate.find("frmVariazioneComune"); aperta != nullptr && !aperta->unload()) {
+        return;
+    }
+    auto& comuni = schermate.as<frmVariazioneComune>("frmVariazioneComune");
     comuni.onInserisci = [this](const clsComuni& comune) {
         txtAnagrafica[citta].setText(comune.Comune);
         txtAnagrafica[provincia].setText(comune.Provincia);

@@ -156,25 +156,31 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
     return true;
 }
 
-// The party and its destinations, all or nothing. False after having told the failure.
+// False after having told the failure.
 bool frmVariazioneCliente::registra(clsCliente& cliente)
 {
-    const std::int32_t id = caricato_->IDCliente;
-    try {
-        Transaction transazione(sessione().cn);
-        if (cliente.ModificaCliente(id)) {
-            sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDcliente=" + std::to_string(id));
-            RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
-            transazione.commit();
-            return true;
-        }
-    } catch (const Errore& errore) {
-        MostraErroreStandard(desktop(), errore, modulo, "Routine: RegistraDestinazioniMerce");
-        return false;
+    if (cliente.ModificaCliente(caricato_->IDCliente)) {
+        return RegistraDestinazioniMerce();
     }
     desktop().inform("Errore nella variazione dei dati!", titoloCliente);
     fuocoSu(txtAnagrafica[anagrafica::cliente], paginaIndirizzo);
     return false;
+}
+
+// All destinations or none; the party itself stays saved.
+bool frmVariazioneCliente::RegistraDestinazioniMerce()
+{
+    const std::int32_t id = caricato_->IDCliente;
+    try {
+        Transaction transazione(sessione().cn);
+        sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDcliente=" + std::to_string(id));
+        RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
+        transazione.commit();
+        return true;
+    } catch (const Errore& errore) {
+        MostraErroreStandard(desktop(), errore, modulo, "Routine: RegistraDestinazioniMerce");
+        return false;
+    }
 }
 
 void frmVariazioneCliente::Aggiorna()

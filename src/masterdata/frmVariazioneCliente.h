@@ -27,6 +27,7 @@ private:
     void carica(std::int32_t id);
     void Aggiorna();
     [[nodiscard]] bool registra(clsCliente& cliente);
+    [[nodiscard]] bool RegistraDestinazioniMerce();
     void CaricaElenco();
     [[nodiscard]] bool puoAggiungere();
     [[nodiscard]] bool eliminaDestinazione(const std::string& chiave);
