@@ -9,16 +9,15 @@ namespace bravona {
 namespace {
 
 constexpr const char* modulo = "Nel modulo: clsArticolo";
-constexpr const char* nessunaData = "00/00/0000";
 
 std::string testoData(Field campo)
 {
-    return campo.isNull() ? std::string(nessunaData) : campo.asDate().text();
+    return campo.isNull() ? std::string(clsArticolo::nessunaData) : campo.asDate().text();
 }
 
 Value valoreData(const std::string& testo)
 {
-    return testo.empty() || testo == nessunaData ? Value() : Value(toDate(testo));
+    return testo.empty() || testo == clsArticolo::nessunaData ? Value() : Value(toDate(testo));
 }
 
 }  // namespace

@@ -11,6 +11,8 @@ namespace bravona {
 // One row of Articoli with its VAT code. The operations answer false after having told the person why.
 class clsArticolo {
 public:
+    static constexpr const char* nessunaData = "00/00/0000";  // how no date is shown
+
     explicit clsArticolo(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
 
     Currency ScaricoValore, CaricoValore;

@@ -1,5 +1,6 @@
 #include "masterdata/modValidazioneCampi_Caratteri.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "platform/text/Text.h"
@@ -94,11 +95,13 @@ char32_t VerificaTasto(char32_t tasto, int modo)
     return sempre || diPiu ? tasto : 0;
 }
 
-void AzzeraCampi(Form& finestra)
+void AzzeraCampi(Form& finestra, std::initializer_list<const Control*> tranne)
 {
     try {
         for (const Form::Entry& voce : finestra.controls()) {
-            azzera(*voce.control);
+            if (std::ranges::find(tranne, voce.control) == tranne.end()) {
+                azzera(*voce.control);
+            }
         }
     } catch (const Errore& errore) {
         MostraErroreStandard(finestra.desktop(), errore, "Modulo: modMain", "Routine: AzzeraCampi");

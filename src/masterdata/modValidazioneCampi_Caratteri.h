@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 
 #include "platform/windowing/Form.h"
 
@@ -25,7 +26,8 @@ std::function<void(char32_t&)> filtraTasti(Filtro... filtro)
     return [=](char32_t& tasto) { ((tasto = tasto == 0 ? 0 : filtro(tasto)), ...); };
 }
 
-// Empties text boxes, lists, combos, check boxes and pictures of the window. A failure is told to the person.
-void AzzeraCampi(Form& finestra);
+// Empties text boxes, lists, combos, check boxes and pictures of the window, but for `tranne`. A failure is told to the
+// person.
+void AzzeraCampi(Form& finestra, std::initializer_list<const Control*> tranne = {});
 
 }  // namespace bravona

@@ -9,16 +9,20 @@
 #include "maintenance/frmBackup.h"
 #include "maintenance/modArchivio.h"
 #include "masterdata/clsTabellaCodiciIVA.h"
+#include "masterdata/frmAggiornamentoListino.h"
 #include "masterdata/frmCodiciIva.h"
+#include "masterdata/frmDescrizioneListini.h"
 #include "masterdata/frmInformazioniDitta.h"
 #include "masterdata/frmInserimentoCodiceIva.h"
 #include "masterdata/frmLogo.h"
 #include "masterdata/frmModalitaPagamento.h"
+#include "masterdata/frmRegistraArticolo.h"
 #include "masterdata/frmRegistraCliente.h"
 #include "masterdata/frmRegistraComune.h"
 #include "masterdata/frmSelezioneArticolo.h"
 #include "masterdata/frmSelezioneDestinazione.h"
 #include "masterdata/frmSelezioneRecord.h"
+#include "masterdata/frmVariazioneArticolo.h"
 #include "masterdata/frmVariazioneCliente.h"
 #include "masterdata/frmVariazioneComune.h"
 #include "platform/values/Numeri.h"
@@ -71,6 +75,10 @@ void Programma::registraSchermate()
     registra<frmVariazioneCliente>(sessione_, "frmVariazioneCliente");
     registra<frmRegistraComune>(sessione_, "frmRegistraComune");
     registra<frmVariazioneComune>(sessione_, "frmVariazioneComune");
+    registra<frmRegistraArticolo>(sessione_, "frmRegistraArticolo");
+    registra<frmVariazioneArticolo>(sessione_, "frmVariazioneArticolo");
+    registra<frmDescrizioneListini>(sessione_, "frmDescrizioneListini");
+    registra<frmAggiornamentoListino>(sessione_, "frmAggiornamentoListino");
 
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");

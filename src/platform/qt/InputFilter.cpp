@@ -269,7 +269,7 @@ void InputFilter::release(QWidget& target, QMouseEvent& /*event*/)
     if (control->kind() == ControlKind::textBox && static_cast<TextBox*>(control)->selectOnFocus) {
         desktop_.enter([&] { static_cast<TextBox*>(control)->selectAll(); });
         edit->selectAll();
-    } else if (control->kind() == ControlKind::datePicker) {
+    } else if (control->kind() == ControlKind::datePicker || control->kind() == ControlKind::comboBox) {
         edit->selectAll();
     }
 }

@@ -213,6 +213,9 @@ void PictureBinder::follow(Aspect aspect, std::size_t /*row*/)
 {
     if (aspect == Aspect::value || aspect == Aspect::text) {
         followAll();
+    } else if (aspect == Aspect::scroll) {
+        picture_->place = QPoint(c().x(), c().y());
+        picture_->update();
     }
 }
 

@@ -91,7 +91,7 @@ void PictureBox::setPosition(int x, int y)
 {
     x_ = x;
     y_ = y;
-    notify(Aspect::value);
+    notify(Aspect::scroll);
 }
 
 void PictureBox::setShadow(bool shadow)

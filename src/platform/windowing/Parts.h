@@ -65,6 +65,11 @@ public:
     [[nodiscard]] int y() const { return y_; }
     void setShadow(bool shadow);  // falls behind the picture, to its right and below
     [[nodiscard]] bool shadow() const { return shadow_; }
+    // Empty for a picture that can be seen.
+    [[nodiscard]] std::string shownText() const override
+    {
+        return path_.empty() || loaded() ? std::string() : failureText;
+    }
     int boxWidth = 290;  // pixels of the space it asks for
     int boxHeight = 140;
     std::string failureText;  // shown in its place when the file cannot be read

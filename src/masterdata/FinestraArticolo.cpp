@@ -1,0 +1,360 @@
+#include "masterdata/FinestraArticolo.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <span>
+#include <utility>
+
+#include "masterdata/modValidazioneCampi_Caratteri.h"
+#include "platform/text/Text.h"
+#include "platform/values/Numeri.h"
+#include "session/frmDialogBox.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+namespace {
+
+constexpr const char* formatoCifra = "###,###,##0.00";
+constexpr int schedaDati = 0;
+constexpr int schedaPrezzi = 1;
+constexpr int schedaMagazzino = 2;
+constexpr std::size_t primaDelMagazzino = 6;  // box
+constexpr std::size_t dataPrimoCarico = 7;    // box
+constexpr std::array<std::size_t, 3> caselleDate{7, 8, 11};
+
+template <class Membro>
+struct Casella {
+    std::size_t indice;
+    Membro clsArticolo::*membro;
+};
+constexpr std::array<Casella<std::string>, 9> testi{{{0, &clsArticolo::CodiceMagazzino},
+                                                     {1, &clsArticolo::CodiceFornitore},
+                                                     {2, &clsArticolo::CodiceBarreFornitore},
+                                                     {3, &clsArticolo::DescrizionePrincipale},
+                                                     {4, &clsArticolo::DescrizioneSecondariaUno},
+                                                     {5, &clsArticolo::DescrizioneSecondariaDue},
+                                                     {7, &clsArticolo::DataPrimoCarico},
+                                                     {8, &clsArticolo::DataUltimoCarico},
+                                                     {11, &clsArticolo::DataUltimoScarico}}};
+constexpr std::array<Casella<double>, 4> quantita{{{6, &clsArticolo::QuantitaMinima},
+                                                   {9, &clsArticolo::Carico},
+                                                   {12, &clsArticolo::Scarico},
+                                                   {16, &clsArticolo::Giacenza}}};
+constexpr std::array<Casella<Currency>, 4> importi{{{10, &clsArticolo::CaricoValore},
+                                                    {13, &clsArticolo::ScaricoValore},
+                                                    {14, &clsArticolo::CostoMedio},
+                                                    {15, &clsArticolo::CostoUltimo}}};
+
+char32_t filtroData(char32_t tasto)
+{
+    constexpr int conBarre = 1;
+    return VerificaTasto(tasto, conBarre);
+}
+
+}  // namespace
+
+FinestraArticolo::FinestraArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo)
+    : Form(sessione.desktop(), nome, titolo),
+      sessione_(sessione)
+{
+    preparaCaselle();
+    preparaImmagine();
+    add("SSTabSezioni", SSTabSezioni);
+    add("txtArticolo", txtArticolo);
+    add("cboUnitaDiMisura", cboUnitaDiMisura);
+    add("cboCodiciIVA", cboCodiciIVA);
+    add("lblDescrizioneListini", lblDescrizioneListini);
+    add("txtEuro", txtEuro);
+    add("picContainer", picContainer);
+    add("picChild", picChild);
+    add("hsbWidht", hsbWidht);
+    add("vsbHeight", vsbHeight);
+    add("cmdImmagine", cmdImmagine);
+}
+
+void FinestraArticolo::preparaCaselle()
+{
+    for (std::size_t i = 0; i < txtArticolo.size(); ++i) {
+        const bool cifra = i >= primaDelMagazzino && std::ranges::find(caselleDate, i) == caselleDate.end();
+        txtArticolo[i].width = i >= primaDelMagazzino ? 14 : 24;
+        txtArticolo[i].align = cifra ? Align::right : Align::left;
+        txtArticolo[i].grows = i >= descrizione && i < primaDelMagazzino;
+    }
+    txtArticolo[codice].onKeyPress = filtraTasti(inMaiuscolo, ValidaCodiceArticolo);
+    txtArticolo[dataPrimoCarico].onKeyPress = filtraTasti(filtroData);
+    cboUnitaDiMisura.width = 8;
+    cboCodiciIVA.width = 16;
+    for (TextBox& casella : txtEuro) {
+        casella.width = 14;
+        casella.align = Align::right;
+        casella.onKeyPress = [&casella](char32_t& tasto) {
+            tasto = ValidaImporto(tasto);
+            if (tasto == U',' && casella.selLength() == 0 && casella.text().find(',') != std::string::npos) {
+                tasto = 0;
+            }
+        };
+        casella.onLostFocus = [&casella] {
+            casella.setText(casella.text().empty() ? std::string("0,00") : format(casella.text(), formatoCifra));
+        };
+    }
+}
+
+void FinestraArticolo::preparaImmagine()
+{
+    picChild.boxWidth = 460;
+    picChild.boxHeight = 230;
+    picChild.setAccessibleName("Immagine dell'articolo");
+    picChild.onResize = [this] { dimensionaBarre(); };
+    for (ScrollBar* barra : {&hsbWidht, &vsbHeight}) {
+        barra->setVisible(false);
+        barra->onChange = [this] { picChild.setPosition(-hsbWidht.value(), -vsbHeight.value()); };
+    }
+    hsbWidht.setAccessibleName("Scorrimento orizzontale dell'immagine");
+    vsbHeight.setAccessibleName("Scorrimento verticale dell'immagine");
+    cmdImmagine.onClick = [this] {
+        const std::string scelta = frmDialogBox(sessione_).SelezioneImmagineArticolo();
+        if (!scelta.empty()) {
+            mostraImmagine(scelta);
+        }
+    };
+}
+
+void FinestraArticolo::disponi(Layout sopra, Layout comandi)
+{
+    using namespace layout;
+    setLayout(column({std::move(sopra),
+                      grow(tabs(SSTabSezioni, {paginaDati(), paginaPrezzi(), paginaMagazzino(), paginaImmagine()})),
+                      std::move(comandi)}));
+}
+
+Layout FinestraArticolo::paginaDati()
+{
+    using namespace layout;
+    return column(
+        {form({line("C&odice articolo", of(txtArticolo[0])), line("Codice &fornitore", of(txtArticolo[1])),
+               line("Codice a &barre", of(txtArticolo[2])), line("D&escrizione", of(txtArticolo[3])),
+               line("Descrizione &secondaria", of(txtArticolo[4])), line("No&te importanti", of(txtArticolo[5])),
+               line("&Unità di misura",
+                    row({of(cboUnitaDiMisura), form({line("Codice I&VA", of(cboCodiciIVA))}), stretch()}))}),
+         stretch()});
+}
+
+Layout FinestraArticolo::paginaPrezzi()
+{
+    using namespace layout;
+    constexpr std::size_t meta = numeroListini / 2;
+    const auto colonna = [this](std::size_t primo) {
+        std::vector<Layout> righe;
+        for (std::size_t i = primo; i < primo + meta; ++i) {
+            righe.push_back(line(lblDescrizioneListini[i], of(txtEuro[i])));
+        }
+        return form(std::move(righe));
+    };
+    return column({row({colonna(0), colonna(meta), stretch()}), stretch()});
+}
+
+Layout FinestraArticolo::paginaMagazzino()
+{
+    using namespace layout;
+    return column(
+        {row({form({line("&Quantità minima", of(txtArticolo[6])), line("Da&ta primo carico", of(txtArticolo[7])),
+                    line("Data ultimo ca&rico", of(txtArticolo[8])),
+                    line("Data &ultimo scarico", of(txtArticolo[11]))}),
+              form({line("Caric&o", of(txtArticolo[9])), line("&Scarico", of(txtArticolo[12])),
+                    line("&Giacenza", of(txtArticolo[16]))}),
+              form({line("&Valore carico", of(txtArticolo[10])), line("Valor&e scarico", of(txtArticolo[13])),
+                    line("Costo medio", of(txtArticolo[14])), line("Costo ultimo", of(txtArticolo[15]))}),
+              stretch()}),
+         stretch()});
+}
+
+Layout FinestraArticolo::paginaImmagine()
+{
+    using namespace layout;
+    std::vector<Layout> comandi{of(cmdImmagine)};
+    if (altroComandoImmagine_ != nullptr) {
+        comandi.push_back(of(*altroComandoImmagine_));
+    }
+    comandi.push_back(stretch());
+    return column({row({frame(picContainer, column({row({of(picChild), of(vsbHeight)}), of(hsbWidht)})), stretch()}),
+                   row(std::move(comandi)), stretch()});
+}
+
+void FinestraArticolo::inizializza()
+{
+    CaricaComboIva(sessione_, cboCodiciIVA);
+    CaricaUnitaMisura(cboUnitaDiMisura);
+    CaricaDescrizioneListini();
+}
+
+void FinestraArticolo::primaVoceDelleCombo()
+{
+    for (ComboBox* combo : {&cboUnitaDiMisura, &cboCodiciIVA}) {
+        if (!combo->items().empty()) {
+            combo->setListIndex(0);
+        }
+    }
+}
+
+void FinestraArticolo::CaricaDescrizioneListini()
+{
+    Recordset listini = sessione_.cn.openTable("DescrizioneListini", OpenMode::readOnly);
+    listini.moveFirst();
+    for (Label& etichetta : lblDescrizioneListini) {
+        etichetta.setCaption("  " + replaceAll(listini["Descrizione"].text(), "&", "&&"));
+        listini.moveNext();
+    }
+}
+
+void FinestraArticolo::vai(std::size_t casella)
+{
+    SSTabSezioni.setTab(casella < primaDelMagazzino ? schedaDati : schedaMagazzino);
+    txtArticolo[casella].setFocus();
+}
+
+void FinestraArticolo::vaiAlPrimoCampo()
+{
+    switch (SSTabSezioni.tab()) {
+    case schedaDati:
+        txtArticolo[codice].setFocus();
+        break;
+    case schedaPrezzi:
+        txtEuro[0].setFocus();
+        break;
+    case schedaMagazzino:
+        txtArticolo[primaDelMagazzino].setFocus();
+        break;
+    default:
+        cmdImmagine.setFocus();
+        break;
+    }
+}
+
+bool FinestraArticolo::VerificaRiempimentoCampiEssenziali()
+{
+    constexpr std::array<std::pair<std::size_t, const char*>, 2> essenziali{
+        {{codice, "Manca il codice articolo!"}, {descrizione, "Manca la descrizione dell'articolo!"}}};
+    for (const auto& [casella, mancanza] : essenziali) {
+        if (txtArticolo[casella].text().empty()) {
+            desktop().inform(mancanza, titoloMessaggi);
+            vai(casella);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool FinestraArticolo::codiceGiaInUso(std::int32_t id)
+{
+    if (!EsisteCodiceArticolo(sessione_, txtArticolo[codice].text(), id)) {
+        return false;
+    }
+    desktop().inform("Impossibile eseguire l'inserimento in quanto il CODICE ARTICOLO indicato\n"
+                     "è già in uso per un altro articolo!",
+                     titoloMessaggi);
+    vai(codice);
+    return true;
+}
+
+template <class Conversione>
+auto FinestraArticolo::leggi(std::size_t casella, Conversione conversione)
+{
+    try {
+        const std::string& testo = txtArticolo[casella].text();
+        return testo.empty() ? decltype(conversione(testo)){} : conversione(testo);
+    } catch (const Errore&) {
+        vai(casella);
+        throw;
+    }
+}
+
+void FinestraArticolo::raccogli(clsArticolo& articolo)
+{
+    for (const auto& [indice, membro] : testi) {
+        articolo.*membro = txtArticolo[indice].text();
+    }
+    const auto battuta = [this](std::size_t indice) { return txtArticolo[indice].text() != comeMostrate_[indice]; };
+    for (const auto& [indice, membro] : quantita) {
+        if (battuta(indice)) {
+            articolo.*membro = leggi(indice, [](const std::string& testo) { return toDouble(testo); });
+        }
+    }
+    for (const auto& [indice, membro] : importi) {
+        if (battuta(indice)) {
+            articolo.*membro = leggi(indice, [](const std::string& testo) { return toCurrency(testo); });
+        }
+    }
+    articolo.setUnitaMisura(cboUnitaDiMisura.text());
+    articolo.IDCodiceIva = cboCodiciIVA.itemData();
+    articolo.Immagine = immagine_;
+}
+
+void FinestraArticolo::mostra(const clsArticolo& articolo)
+{
+    for (const auto& [indice, membro] : testi) {
+        txtArticolo[indice].setText(articolo.*membro);
+    }
+    const auto cifra = [this](std::size_t indice, const Value& valore) {
+        comeMostrate_[indice] = format(valore, formatoCifra);
+        txtArticolo[indice].setText(comeMostrate_[indice]);
+    };
+    for (const auto& [indice, membro] : quantita) {
+        cifra(indice, articolo.*membro);
+    }
+    for (const auto& [indice, membro] : importi) {
+        cifra(indice, articolo.*membro);
+    }
+    if (!cboUnitaDiMisura.selectByText(articolo.UnitaMisura())) {
+        cboUnitaDiMisura.setText(articolo.UnitaMisura());
+    }
+    cboCodiciIVA.selectByData(articolo.IDCodiceIva);
+    mostraImmagine(articolo.Immagine);
+}
+
+void FinestraArticolo::vaiAlCampoErrato()
+{
+    const auto guasta = std::ranges::find_if(caselleDate, [this](std::size_t casella) {
+        const std::string& testo = txtArticolo[casella].text();
+        return !testo.empty() && testo != clsArticolo::nessunaData && !isDate(testo);
+    });
+    vai(guasta == caselleDate.end() ? codice : *guasta);
+}
+
+bool FinestraArticolo::prezziAmmessi()
+{
+    for (TextBox& casella : txtEuro) {
+        try {
+            static_cast<void>(parseAmount(casella.text()));
+        } catch (const Errore&) {
+            SSTabSezioni.setTab(schedaPrezzi);
+            MostraValoreNonValido(casella);
+            return false;
+        }
+    }
+    return true;
+}
+
+void FinestraArticolo::mostraImmagine(const std::string& percorso)
+{
+    immagine_ = percorso;
+    picChild.failureText =
+        "L'immagine " + std::filesystem::path(Files::native(percorso)).filename().string() + " non può essere letta";
+    hsbWidht.setValue(0);
+    vsbHeight.setValue(0);
+    picChild.load(percorso);
+    picChild.setToolTip(percorso);
+}
+
+// A bar for what does not fit, with the rest as its range.
+void FinestraArticolo::dimensionaBarre()
+{
+    const auto regola = [](ScrollBar& barra, int immagine, int riquadro) {
+        barra.setRange(0, std::max(0, immagine - riquadro));
+        barra.setVisible(barra.maximum() > 0);
+    };
+    regola(hsbWidht, picChild.pictureWidth(), picChild.boxWidth);
+    regola(vsbHeight, picChild.pictureHeight(), picChild.boxHeight);
+}
+
+}  // namespace bravona

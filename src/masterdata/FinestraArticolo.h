@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include "masterdata/clsArticolo.h"
+#include "masterdata/modFunzioniComuni.h"
+#include "platform/windowing/Fields.h"
+#include "platform/windowing/Form.h"
+#include "platform/windowing/Lists.h"
+#include "platform/windowing/Parts.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// What the screens of one article share: its fields on four pages, the ten prices, the picture, and the way of an
+// article into the fields and back.
+class FinestraArticolo : public Form {
+public:
+    static constexpr std::size_t numeroCaselle = 17;
+
+    TabControl SSTabSezioni{{"&Dati articolo", "&Prezzi", "&Magazzino", "&Immagine"}};
+    std::array<TextBox, numeroCaselle> txtArticolo;
+    ComboBox cboUnitaDiMisura{true};
+    ComboBox cboCodiciIVA;
+    std::array<Label, numeroListini> lblDescrizioneListini;
+    std::array<TextBox, numeroListini> txtEuro;
+    Frame picContainer;
+    PictureBox picChild;
+    ScrollBar hsbWidht{true};
+    ScrollBar vsbHeight{false};
+    Button cmdImmagine{"Sceg&li immagine..."};
+
+protected:
+    static constexpr const char* titoloMessaggi = "Anagrafica Articoli";
+    // Of `txtArticolo`.
+    static constexpr std::size_t codice = 0;
+    static constexpr std::size_t descrizione = 3;
+
+    FinestraArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo);
+
+    // At the end of the derived constructor, after its own controls were added: the pages between what stands above
+    // them (none: an empty column) and the commands.
+    void disponi(Layout sopra, Layout comandi);
+    // Combos, names of the price lists, the first item of each combo.
+    void inizializza();
+    void primaVoceDelleCombo();
+    void primaPagina() { SSTabSezioni.setTab(0); }
+
+    // False after having told what is missing.
+    bool VerificaRiempimentoCampiEssenziali();
+    // True, after having told it, when another article has the code.
+    bool codiceGiaInUso(std::int32_t id);
+    // From the fields; a figure that was not typed into stays as it is in `articolo`. Errore 13 or 6 for a text that is
+    // no such number, the focus in its box.
+    void raccogli(clsArticolo& articolo);
+    // Into the fields, prices aside.
+    void mostra(const clsArticolo& articolo);
+    // After a refusal by the store: into the box of a date that is none, or the code.
+    void vaiAlCampoErrato();
+    // False, after having told it, when a price is too big for an amount; it has the focus.
+    bool prezziAmmessi();
+    void mostraImmagine(const std::string& percorso);  // empty: none
+    void dimenticaFigure() { comeMostrate_ = {}; }     // every box is read anew
+    void vai(std::size_t casella);                     // its page and the focus
+    // Where the next key is wanted on the page that is shown.
+    void vaiAlPrimoCampo();
+
+    Sessione& sessione_;
+    Button* altroComandoImmagine_ = nullptr;  // stands beside `cmdImmagine`
+
+private:
+    void preparaCaselle();
+    void preparaImmagine();
+    Layout paginaDati();
+    Layout paginaPrezzi();
+    Layout paginaMagazzino();
+    Layout paginaImmagine();
+    void CaricaDescrizioneListini();
+    void dimensionaBarre();
+    template <class Conversione>
+    auto leggi(std::size_t casella, Conversione conversione);
+
+    std::string immagine_;                                 // path
+    std::array<std::string, numeroCaselle> comeMostrate_;  // figures as they were shown
+};
+
+}  // namespace bravona

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/windowing/Fields.h"
+#include "platform/windowing/Form.h"
+#include "platform/windowing/Lists.h"
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// Raises or lowers the prices of one list by a percentage, for the articles ticked.
+class frmAggiornamentoListino final : public Form {
+public:
+    explicit frmAggiornamentoListino(Sessione& sessione);
+
+    ComboBox cmbListini;
+    ComboBox cmbFiltro;
+    TextBox txtFiltro{24};
+    Button cmdFiltra{"&Filtra / Cerca"};
+    ListView lvwListino;
+    ComboBox cmbVariazione;
+    TextBox txtPercentuale{6};
+    Button cmdAggiorna{"&Aggiorna"};
+    std::array<Button, 1> cmdAzioni{Button("&Chiudi")};
+
+    void onLoad() override;
+
+private:
+    void creaMenu();
+    void spunta(bool tutti);
+    void CaricaListino();
+    [[nodiscard]] std::string filtro() const;
+    void Aggiorna();
+    [[nodiscard]] std::vector<std::string> articoliSpuntati() const;  // keys of articles
+    // All of them or none; false after a failure.
+    bool AggiornaPrezzi(const std::vector<std::string>& articoli, const std::string& percentuale);
+    [[nodiscard]] std::string listino() const { return std::to_string(cmbListini.listIndex() + 1); }
+
+    Sessione& sessione_;
+};
+
+}  // namespace bravona

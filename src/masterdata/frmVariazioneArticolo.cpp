@@ -1,0 +1,143 @@
+#include "masterdata/frmVariazioneArticolo.h"
+
+#include "masterdata/modRicerca.h"
+#include "masterdata/modRicercaArticolo.h"
+#include "masterdata/modValidazioneCampi_Caratteri.h"
+#include "session/modMain.h"
+
+namespace bravona {
+
+frmVariazioneArticolo::frmVariazioneArticolo(Sessione& sessione)
+    : FinestraArticolo(sessione, "frmVariazioneArticolo", "Visualizza - Modifica articolo")
+{
+    // In the order of the search's own keys.
+    for (const char* campo : {"Codice articolo", "Codice a barre", "Codice fornitore", "Descrizione"}) {
+        cboCampoDiRicerca.addItem(campo);
+    }
+    cboCampoDiRicerca.width = 18;
+    cboCampoDiRicerca.setAccessibleName("Campo di ricerca");
+    txtChiaveRicerca.grows = true;
+    txtChiaveRicerca.onKeyDown = [this](KeyEvent& evento) {
+        if (evento.key == Key::enter) {
+            evento.drop();
+            cerca();
+        }
+    };
+    cmdClearPicture.onClick = [this] { mostraImmagine({}); };
+    cmdAzioni[0].onClick = [this] { Aggiorna(); };
+    cmdAzioni[1].onClick = [this] { unload(); };
+    cmdAzioni[2].onClick = [this] {
+        unload();
+        sessione_.schermate().get("frmRegistraArticolo").show();
+    };
+    add("txtChiaveRicerca", txtChiaveRicerca);
+    add("cboCampoDiRicerca", cboCampoDiRicerca);
+    add("cmdClearPicture", cmdClearPicture);
+    add("cmdAzioni", cmdAzioni);
+    altroComandoImmagine_ = &cmdClearPicture;
+    using namespace layout;
+    disponi(form({line("Premi F&3 per la Ricerca", row({of(txtChiaveRicerca), of(cboCampoDiRicerca)}))}),
+            rowEnd({of(cmdAzioni[0]), of(cmdAzioni[1]), of(cmdAzioni[2])}));
+    setDefaultButton(&cmdAzioni[0]);
+    setCancelButton(&cmdAzioni[1]);
+}
+
+void frmVariazioneArticolo::onLoad()
+{
+    const clsCursorWait attesa(desktop());
+    CentraFinestra(*this, false);
+    inizializza();
+    cboCampoDiRicerca.setListIndex(0);
+    if (!cboCodiciIVA.items().empty()) {
+        cboCodiciIVA.setListIndex(0);
+    }
+}
+
+void frmVariazioneArticolo::onKeyDown(KeyEvent& evento)
+{
+    if (evento.key == Key::f3) {
+        evento.drop();
+        cerca();
+    }
+}
+
+// With its text selected, as it may have had the focus all the time.
+void frmVariazioneArticolo::tornaAllaRicerca()
+{
+    txtChiaveRicerca.setFocus();
+    txtChiaveRicerca.selectAll();
+}
+
+void frmVariazioneArticolo::cerca()
+{
+    const std::int32_t id = RicercaArticolo(sessione_, cboCampoDiRicerca.listIndex(), txtChiaveRicerca.text());
+    if (id == ricerca::annullata) {
+        return;
+    }
+    if (id == ricerca::nessunRecord) {
+        desktop().inform("Nessun record trovato!", titoloMessaggi);
+        tornaAllaRicerca();
+        return;
+    }
+    VisualizzaArticolo(id);
+}
+
+void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
+{
+    const clsCursorWait attesa(desktop());
+    AzzeraCampi(*this, {&txtChiaveRicerca, &cboCampoDiRicerca});
+    mostraImmagine({});
+    IDArticolo_ = nessuno;
+    clsArticolo articolo(sessione_);
+    if (!articolo.RichiamaArticolo(id)) {
+        tornaAllaRicerca();
+        return;
+    }
+    mostra(articolo);
+    CaricaPrezziArticolo(sessione_, id, txtEuro);
+    IDArticolo_ = id;
+    vaiAlPrimoCampo();
+}
+
+void frmVariazioneArticolo::Aggiorna()
+{
+    if (IDArticolo_ == nessuno) {
+        desktop().inform("Nessun articolo da modificare!", titoloMessaggi);
+        tornaAllaRicerca();
+        return;
+    }
+    if (VerificaRiempimentoCampiEssenziali() && VariazioneArticoloEsistente()) {
+        Annuncia(sessione_, "Articolo " + txtArticolo[codice].text() + " modificato");
+        desktop().inform("Variazione articolo effettuata!", titoloMessaggi);
+        tornaAllaRicerca();
+    }
+}
+
+bool frmVariazioneArticolo::VariazioneArticoloEsistente()
+{
+    try {
+        if (codiceGiaInUso(IDArticolo_) || !prezziAmmessi()) {
+            return false;
+        }
+        clsArticolo articolo(sessione_);
+        // As it stands now: a document registered meanwhile keeps its effect on the figures that nobody typed into.
+        if (!articolo.RichiamaArticolo(IDArticolo_)) {
+            dimenticaFigure();
+        }
+        raccogli(articolo);
+        if (!articolo.ModificaArticolo(IDArticolo_)) {
+            desktop().inform("Errore nella variazione dei dati. Controllare tutti i campi di inserimento e riprovare!",
+                             titoloMessaggi);
+            vaiAlCampoErrato();
+            return false;
+        }
+        mostra(articolo);
+        return RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+    } catch (const Errore& errore) {
+        MostraErroreStandard(desktop(), errore, "Modulo: frmVariazioneArticolo",
+                             "Routine: VariazioneArticoloEsistente");
+        return false;
+    }
+}
+
+}  // namespace bravona

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "masterdata/FinestraArticolo.h"
+
+namespace bravona {
+
+// Finds an article and changes it.
+class frmVariazioneArticolo final : public FinestraArticolo {
+public:
+    explicit frmVariazioneArticolo(Sessione& sessione);
+
+    TextBox txtChiaveRicerca{24};
+    ComboBox cboCampoDiRicerca;
+    Button cmdClearPicture{"&Elimina immagine"};
+    std::array<Button, 3> cmdAzioni{Button("&Aggiorna"), Button("&Chiudi"), Button("&Nuovo...")};
+
+    void onLoad() override;
+    void onKeyDown(KeyEvent& evento) override;
+
+private:
+    void cerca();
+    void tornaAllaRicerca();
+    void VisualizzaArticolo(std::int32_t id);
+    void Aggiorna();
+    bool VariazioneArticoloEsistente();
+
+    static constexpr std::int32_t nessuno = -1;
+    std::int32_t IDArticolo_ = nessuno;  // the article in the fields
+};
+
+}  // namespace bravona
