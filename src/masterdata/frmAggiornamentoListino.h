@@ -29,6 +29,10 @@ public:
 
     void onLoad() override;
 
+    // The prices of these articles (their keys) in the chosen list, up or down as chosen, by so many percent: all of
+    // them or, false, none.
+    bool AggiornaPrezzi(const std::vector<std::string>& articoli, const std::string& percentuale);
+
 private:
     void creaMenu();
     void spunta(bool tutti);
@@ -36,8 +40,6 @@ private:
     [[nodiscard]] std::string filtro() const;
     void Aggiorna();
     [[nodiscard]] std::vector<std::string> articoliSpuntati() const;  // keys of articles
-    // All of them or none; false after a failure.
-    bool AggiornaPrezzi(const std::vector<std::string>& articoli, const std::string& percentuale);
     [[nodiscard]] std::string listino() const { return std::to_string(cmbListini.listIndex() + 1); }
 
     Sessione& sessione_;

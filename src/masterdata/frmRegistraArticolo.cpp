@@ -11,7 +11,7 @@ constexpr std::array<std::size_t, 7> caselleCifre{9, 10, 12, 13, 14, 15, 16};
 }  // namespace
 
 frmRegistraArticolo::frmRegistraArticolo(Sessione& sessione)
-    : FinestraArticolo(sessione, "frmRegistraArticolo", "Inserimento articolo")
+    : SchedaArticolo(sessione, "frmRegistraArticolo", "Inserimento articolo")
 {
     cmdArticolo[0].onClick = [this] { Registra(); };
     cmdArticolo[1].onClick = [this] { unload(); };

@@ -2,12 +2,12 @@
 
 #include <array>
 
-#include "masterdata/FinestraArticolo.h"
+#include "masterdata/SchedaArticolo.h"
 
 namespace bravona {
 
 // Adds an article with its prices and opening stock.
-class frmRegistraArticolo final : public FinestraArticolo {
+class frmRegistraArticolo final : public SchedaArticolo {
 public:
     explicit frmRegistraArticolo(Sessione& sessione);
 

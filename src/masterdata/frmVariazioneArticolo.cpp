@@ -8,7 +8,7 @@
 namespace bravona {
 
 frmVariazioneArticolo::frmVariazioneArticolo(Sessione& sessione)
-    : FinestraArticolo(sessione, "frmVariazioneArticolo", "Visualizza - Modifica articolo")
+    : SchedaArticolo(sessione, "frmVariazioneArticolo", "Visualizza - Modifica articolo")
 {
     // In the order of the search's own keys.
     for (const char* campo : {"Codice articolo", "Codice a barre", "Codice fornitore", "Descrizione"}) {

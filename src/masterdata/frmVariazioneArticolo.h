@@ -3,12 +3,12 @@
 #include <array>
 #include <cstdint>
 
-#include "masterdata/FinestraArticolo.h"
+#include "masterdata/SchedaArticolo.h"
 
 namespace bravona {
 
 // Finds an article and changes it.
-class frmVariazioneArticolo final : public FinestraArticolo {
+class frmVariazioneArticolo final : public SchedaArticolo {
 public:
     explicit frmVariazioneArticolo(Sessione& sessione);
 

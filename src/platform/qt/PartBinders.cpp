@@ -166,6 +166,7 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/)
         }
         painter.drawPixmap(place, picture);
     } else if (!failure.isEmpty()) {
+        painter.fillRect(rect(), palette().color(QPalette::Base));  // what the faint colour is readable on
         painter.setPen(theme::faint(palette()));
         painter.drawText(rect().adjusted(4, 4, -4, -4), Qt::AlignCenter | Qt::TextWordWrap, failure);
     }

@@ -16,7 +16,7 @@ namespace bravona {
 
 // What the screens of one article share: its fields on four pages, the ten prices, the picture, and the way of an
 // article into the fields and back.
-class FinestraArticolo : public Form {
+class SchedaArticolo : public Form {
 public:
     static constexpr std::size_t numeroCaselle = 17;
 
@@ -38,7 +38,7 @@ protected:
     static constexpr std::size_t codice = 0;
     static constexpr std::size_t descrizione = 3;
 
-    FinestraArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo);
+    SchedaArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo);
 
     // At the end of the derived constructor, after its own controls were added: the pages between what stands above
     // them (none: an empty column) and the commands.

@@ -1,4 +1,4 @@
-#include "masterdata/FinestraArticolo.h"
+#include "masterdata/SchedaArticolo.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -54,7 +54,7 @@ char32_t filtroData(char32_t tasto)
 
 }  // namespace
 
-FinestraArticolo::FinestraArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo)
+SchedaArticolo::SchedaArticolo(Sessione& sessione, const std::string& nome, const std::string& titolo)
     : Form(sessione.desktop(), nome, titolo),
       sessione_(sessione)
 {
@@ -73,7 +73,7 @@ FinestraArticolo::FinestraArticolo(Sessione& sessione, const std::string& nome, 
     add("cmdImmagine", cmdImmagine);
 }
 
-void FinestraArticolo::preparaCaselle()
+void SchedaArticolo::preparaCaselle()
 {
     for (std::size_t i = 0; i < txtArticolo.size(); ++i) {
         const bool cifra = i >= primaDelMagazzino && std::ranges::find(caselleDate, i) == caselleDate.end();
@@ -100,10 +100,10 @@ void FinestraArticolo::preparaCaselle()
     }
 }
 
-void FinestraArticolo::preparaImmagine()
+void SchedaArticolo::preparaImmagine()
 {
     picChild.boxWidth = 460;
-    picChild.boxHeight = 230;
+    picChild.boxHeight = 206;  // with both bars as high as the other pages
     picChild.setAccessibleName("Immagine dell'articolo");
     picChild.onResize = [this] { dimensionaBarre(); };
     for (ScrollBar* barra : {&hsbWidht, &vsbHeight}) {
@@ -120,7 +120,7 @@ void FinestraArticolo::preparaImmagine()
     };
 }
 
-void FinestraArticolo::disponi(Layout sopra, Layout comandi)
+void SchedaArticolo::disponi(Layout sopra, Layout comandi)
 {
     using namespace layout;
     setLayout(column({std::move(sopra),
@@ -128,7 +128,7 @@ void FinestraArticolo::disponi(Layout sopra, Layout comandi)
                       std::move(comandi)}));
 }
 
-Layout FinestraArticolo::paginaDati()
+Layout SchedaArticolo::paginaDati()
 {
     using namespace layout;
     return column(
@@ -140,7 +140,7 @@ Layout FinestraArticolo::paginaDati()
          stretch()});
 }
 
-Layout FinestraArticolo::paginaPrezzi()
+Layout SchedaArticolo::paginaPrezzi()
 {
     using namespace layout;
     constexpr std::size_t meta = numeroListini / 2;
@@ -154,7 +154,7 @@ Layout FinestraArticolo::paginaPrezzi()
     return column({row({colonna(0), colonna(meta), stretch()}), stretch()});
 }
 
-Layout FinestraArticolo::paginaMagazzino()
+Layout SchedaArticolo::paginaMagazzino()
 {
     using namespace layout;
     return column(
@@ -169,7 +169,7 @@ Layout FinestraArticolo::paginaMagazzino()
          stretch()});
 }
 
-Layout FinestraArticolo::paginaImmagine()
+Layout SchedaArticolo::paginaImmagine()
 {
     using namespace layout;
     std::vector<Layout> comandi{of(cmdImmagine)};
@@ -181,14 +181,14 @@ Layout FinestraArticolo::paginaImmagine()
                    row(std::move(comandi)), stretch()});
 }
 
-void FinestraArticolo::inizializza()
+void SchedaArticolo::inizializza()
 {
     CaricaComboIva(sessione_, cboCodiciIVA);
     CaricaUnitaMisura(cboUnitaDiMisura);
     CaricaDescrizioneListini();
 }
 
-void FinestraArticolo::primaVoceDelleCombo()
+void SchedaArticolo::primaVoceDelleCombo()
 {
     for (ComboBox* combo : {&cboUnitaDiMisura, &cboCodiciIVA}) {
         if (!combo->items().empty()) {
@@ -197,7 +197,7 @@ void FinestraArticolo::primaVoceDelleCombo()
     }
 }
 
-void FinestraArticolo::CaricaDescrizioneListini()
+void SchedaArticolo::CaricaDescrizioneListini()
 {
     Recordset listini = sessione_.cn.openTable("DescrizioneListini", OpenMode::readOnly);
     listini.moveFirst();
@@ -207,13 +207,13 @@ void FinestraArticolo::CaricaDescrizioneListini()
     }
 }
 
-void FinestraArticolo::vai(std::size_t casella)
+void SchedaArticolo::vai(std::size_t casella)
 {
     SSTabSezioni.setTab(casella < primaDelMagazzino ? schedaDati : schedaMagazzino);
     txtArticolo[casella].setFocus();
 }
 
-void FinestraArticolo::vaiAlPrimoCampo()
+void SchedaArticolo::vaiAlPrimoCampo()
 {
     switch (SSTabSezioni.tab()) {
     case schedaDati:
@@ -231,7 +231,7 @@ void FinestraArticolo::vaiAlPrimoCampo()
     }
 }
 
-bool FinestraArticolo::VerificaRiempimentoCampiEssenziali()
+bool SchedaArticolo::VerificaRiempimentoCampiEssenziali()
 {
     constexpr std::array<std::pair<std::size_t, const char*>, 2> essenziali{
         {{codice, "Manca il codice articolo!"}, {descrizione, "Manca la descrizione dell'articolo!"}}};
@@ -245,7 +245,7 @@ bool FinestraArticolo::VerificaRiempimentoCampiEssenziali()
     return true;
 }
 
-bool FinestraArticolo::codiceGiaInUso(std::int32_t id)
+bool SchedaArticolo::codiceGiaInUso(std::int32_t id)
 {
     if (!EsisteCodiceArticolo(sessione_, txtArticolo[codice].text(), id)) {
         return false;
@@ -258,7 +258,7 @@ bool FinestraArticolo::codiceGiaInUso(std::int32_t id)
 }
 
 template <class Conversione>
-auto FinestraArticolo::leggi(std::size_t casella, Conversione conversione)
+auto SchedaArticolo::leggi(std::size_t casella, Conversione conversione)
 {
     try {
         const std::string& testo = txtArticolo[casella].text();
@@ -269,7 +269,7 @@ auto FinestraArticolo::leggi(std::size_t casella, Conversione conversione)
     }
 }
 
-void FinestraArticolo::raccogli(clsArticolo& articolo)
+void SchedaArticolo::raccogli(clsArticolo& articolo)
 {
     for (const auto& [indice, membro] : testi) {
         articolo.*membro = txtArticolo[indice].text();
@@ -290,7 +290,7 @@ void FinestraArticolo::raccogli(clsArticolo& articolo)
     articolo.Immagine = immagine_;
 }
 
-void FinestraArticolo::mostra(const clsArticolo& articolo)
+void SchedaArticolo::mostra(const clsArticolo& articolo)
 {
     for (const auto& [indice, membro] : testi) {
         txtArticolo[indice].setText(articolo.*membro);
@@ -312,7 +312,7 @@ void FinestraArticolo::mostra(const clsArticolo& articolo)
     mostraImmagine(articolo.Immagine);
 }
 
-void FinestraArticolo::vaiAlCampoErrato()
+void SchedaArticolo::vaiAlCampoErrato()
 {
     const auto guasta = std::ranges::find_if(caselleDate, [this](std::size_t casella) {
         const std::string& testo = txtArticolo[casella].text();
@@ -321,7 +321,7 @@ void FinestraArticolo::vaiAlCampoErrato()
     vai(guasta == caselleDate.end() ? codice : *guasta);
 }
 
-bool FinestraArticolo::prezziAmmessi()
+bool SchedaArticolo::prezziAmmessi()
 {
     for (TextBox& casella : txtEuro) {
         try {
@@ -335,7 +335,7 @@ bool FinestraArticolo::prezziAmmessi()
     return true;
 }
 
-void FinestraArticolo::mostraImmagine(const std::string& percorso)
+void SchedaArticolo::mostraImmagine(const std::string& percorso)
 {
     immagine_ = percorso;
     picChild.failureText =
@@ -347,7 +347,7 @@ void FinestraArticolo::mostraImmagine(const std::string& percorso)
 }
 
 // A bar for what does not fit, with the rest as its range.
-void FinestraArticolo::dimensionaBarre()
+void SchedaArticolo::dimensionaBarre()
 {
     const auto regola = [](ScrollBar& barra, int immagine, int riquadro) {
         barra.setRange(0, std::max(0, immagine - riquadro));

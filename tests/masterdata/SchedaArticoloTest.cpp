@@ -1,0 +1,75 @@
+#include "masterdata/SchedaArticolo.h"
+
+#include <gtest/gtest.h>
+
+#include "masterdata/frmRegistraArticolo.h"
+#include "support/ConArchivio.h"
+
+namespace bravona {
+namespace {
+
+class ArticoloSulloSchermo : public ConArchivio {
+protected:
+    ArticoloSulloSchermo() { form.show(); }
+
+    std::string immagine(const char* nome, int larghezza, int altezza)
+    {
+        // The heading of a GIF: the scripted user reads no more of it.
+        const auto due = [](int n) { return std::string{static_cast<char>(n % 256), static_cast<char>(n / 256)}; };
+        const std::string testo = "GIF89a" + due(larghezza) + due(altezza) + std::string(3, '\0');
+        const std::string percorso = (cartella.path() / nome).string();
+        files.replace(percorso, Bytes(testo.begin(), testo.end()));
+        return percorso;
+    }
+    void scegli(const std::string& percorso)
+    {
+        utente.answerFile(percorso);
+        utente.click(form.cmdImmagine);
+    }
+
+    frmRegistraArticolo& form = sessione.schermate().as<frmRegistraArticolo>("frmRegistraArticolo");
+};
+
+TEST_F(ArticoloSulloSchermo, ABarMovesThePictureAsFarAsItIsTooLargeAndTheNextOneStandsInItsCorner)
+{
+    form.SSTabSezioni.setTab(3);
+    const int largo = form.picChild.boxWidth;
+    const int alto = form.picChild.boxHeight;
+    scegli(immagine("grande.gif", largo + 70, alto + 5));
+    ASSERT_TRUE(form.hsbWidht.visible());
+    EXPECT_EQ(form.hsbWidht.maximum(), 70);
+    EXPECT_EQ(form.vsbHeight.maximum(), 5);
+    utente.scroll(form.hsbWidht, 30);
+    utente.scroll(form.vsbHeight, 5);
+    EXPECT_EQ(form.picChild.x(), -30);
+    EXPECT_EQ(form.picChild.y(), -5);
+
+    scegli(immagine("altra.gif", largo + 70, alto + 5));
+    EXPECT_EQ(form.picChild.x(), 0);
+    EXPECT_EQ(form.picChild.y(), 0);
+
+    utente.scroll(form.hsbWidht, 70);
+    scegli(immagine("giusta.gif", largo, alto));
+    EXPECT_FALSE(form.hsbWidht.visible());
+    EXPECT_FALSE(form.vsbHeight.visible());
+    EXPECT_EQ(form.picChild.x(), 0);
+}
+
+TEST_F(ArticoloSulloSchermo, APriceTakesOneCommaUnlessWhatIsSelectedHoldsIt)
+{
+    form.SSTabSezioni.setTab(1);
+    TextBox& prezzo = form.txtEuro[0];
+    utente.type(prezzo, "1,2,3");
+    EXPECT_EQ(prezzo.text(), "1,23");
+    utente.focus(form.txtEuro[1]);
+    EXPECT_EQ(prezzo.text(), "1,23");
+    utente.type(prezzo, ",5");  // over the whole text
+    EXPECT_EQ(prezzo.text(), ",5");
+    utente.focus(form.txtEuro[1]);
+    EXPECT_EQ(prezzo.text(), "0,50");
+    utente.paste("7,,8x");
+    EXPECT_EQ(form.txtEuro[1].text(), "7,8");
+}
+
+}  // namespace
+}  // namespace bravona
