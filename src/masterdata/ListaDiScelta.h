@@ -28,8 +28,9 @@ protected:
     // `risposta` is where the session keeps this list's choice.
     ListaDiScelta(Sessione& sessione, const std::string& nome, const std::string& titolo, std::int32_t& risposta);
 
-private:
     void Ok();
+
+private:
     void Annulla();
     void congeda();
 
