@@ -1,7 +1,9 @@
 #include "maintenance/RiferimentoHuffman.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <map>
 
 namespace bravona::riferimento {
@@ -96,7 +98,7 @@ void accodaBit(Bytes& dati, std::size_t& posto, const Codice& codice)
 Bytes memorizzati(const Bytes& originale)
 {
     Bytes dati = {0x48, 0x45, 0x30, 0x0D};
-    dati.insert(dati.end(), originale.begin(), originale.end());
+    std::copy(originale.begin(), originale.end(), std::back_inserter(dati));
     return dati;
 }
 

@@ -107,7 +107,7 @@ TEST_P(Galleria, AnteprimaEMessaggi)
     anteprima.show();
     static_cast<frmAnteprima&>(anteprima).txtCerca.setText("numero 1");
     mostra(anteprima, "anteprima");
-    desktop.hooks.box = [this](QMessageBox& finestra, const MessageBox&) {
+    desktop.hooks.box = [](QMessageBox& finestra, const MessageBox&) {
         QTest::qWait(20);
         salva(finestra, QStringLiteral("domanda") + (GetParam() ? "-scura" : "-chiara"), 1);
         QTest::mouseClick(finestra.button(QMessageBox::No), Qt::LeftButton);
