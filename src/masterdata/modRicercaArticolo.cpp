@@ -13,14 +13,17 @@ constexpr std::array colonne{ricerca::Colonna{"Cod.Articolo", "CodiceMagazzino",
                              ricerca::Colonna{"Descrizione Secondaria", "DescrizioneSecondaria1", 2400},
                              ricerca::Colonna{"Note", "DescrizioneSecondaria2", 2000}};
 
+constexpr int perCodiceBarre = 1;
+constexpr int perCodiceFornitore = 2;
+
 std::string filtro(int indiceCampo, const std::string& testo)
 {
     switch (indiceCampo) {
     case 0:
         return "WHERE CodiceMagazzino LIKE '%" + testo + "%'";
-    case 1:
+    case perCodiceBarre:
         return "WHERE CodiceBarreFornitore LIKE '" + testo + "'";
-    case 2:
+    case perCodiceFornitore:
         return "WHERE CodiceFornitore LIKE '" + testo + "'";
     case 3:
         return "WHERE DescrizionePrincipale LIKE '%" + testo + "%'";
@@ -33,6 +36,10 @@ std::string filtro(int indiceCampo, const std::string& testo)
 
 std::int32_t RicercaArticolo(Sessione& sessione, int indiceCampo, const std::string& testo)
 {
+    // These two match whole: without a text they match none, also not the articles that have no such code.
+    if (testo.empty() && (indiceCampo == perCodiceBarre || indiceCampo == perCodiceFornitore)) {
+        return ricerca::nessunRecord;
+    }
     return ricerca::esegui(sessione, {.istruzione = "SELECT * FROM Articoli " + filtro(indiceCampo, testo),
                                       .chiave = "IDArticolo",
                                       .colonne = colonne,

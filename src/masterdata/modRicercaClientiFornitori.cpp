@@ -22,7 +22,10 @@ constexpr auto colonneFornitori = colonne("Fornitore");
 std::string filtroAltroCampo(int indiceCampo, const std::string& testo)
 {
     constexpr std::array campi{"Telefono", "PartitaIva", "CodiceFiscale", "Indirizzo"};
-    return std::string(campi.at(static_cast<std::size_t>(indiceCampo - 1))) + " LIKE '%" + testo + "%'";
+    if (indiceCampo < 1 || indiceCampo > static_cast<int>(campi.size())) {
+        throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
+    }
+    return std::string(campi[static_cast<std::size_t>(indiceCampo - 1)]) + " LIKE '%" + testo + "%'";
 }
 
 }  // namespace

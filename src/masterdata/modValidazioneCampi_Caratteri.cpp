@@ -31,12 +31,9 @@ void azzera(Control& controllo)
     case ControlKind::listBox:
         static_cast<ListBox&>(controllo).setListIndex(-1);
         break;
-    case ControlKind::comboBox: {
-        auto& combo = static_cast<ComboBox&>(controllo);
-        combo.setListIndex(-1);
-        combo.setText({});
+    case ControlKind::comboBox:
+        static_cast<ComboBox&>(controllo).setListIndex(-1);
         break;
-    }
     case ControlKind::checkBox:
         static_cast<CheckBox&>(controllo).setChecked(false);
         break;
@@ -99,7 +96,10 @@ void AzzeraCampi(Form& finestra, std::initializer_list<const Control*> tranne)
 {
     try {
         for (const Form::Entry& voce : finestra.controls()) {
-            if (std::ranges::find(tranne, voce.control) == tranne.end()) {
+            // What stands inside a compound control is that control's own affair.
+            const Control* intorno = voce.control->container();
+            const bool interno = intorno != nullptr && intorno->kind() == ControlKind::composite;
+            if (!interno && std::ranges::find(tranne, voce.control) == tranne.end()) {
                 azzera(*voce.control);
             }
         }

@@ -33,12 +33,17 @@ void DisegnaAzienda(ReportSection& testata, const std::string& nomeProvincia)
         controlli.push_back(Etichetta(nomeProvincia, "Prov.:", {45, 16.8, 10, 4.2}, {9}));
         controlli.push_back(Campo("Text68", "azProv", {55, 16.8, 20, 4.2}, {9, 6}));
     }
-    controlli.push_back(Etichetta("Label46", "Tel. :", {0, 21.6, 8.5, 4.2}, {9}));
-    controlli.push_back(Campo("Text15", "azTelefono", {8.5, 21.6, 34.5, 4.2}, {9, 6}));
+    const double dopoTelefono = conProvincia ? 8.5 : 0;
+    const double dopoPartitaIva = conProvincia ? 12 : 0;
+    if (conProvincia) {
+        controlli.push_back(Etichetta("Label46", "Tel. :", {0, 21.6, 8.5, 4.2}, {9}));
+        controlli.push_back(Etichetta("Label45", "P. IVA :", {0, 25.8, 12, 4.2}, {9}));
+    }
+    controlli.push_back(Campo("Text15", "azTelefono", {dopoTelefono, 21.6, 43 - dopoTelefono, 4.2}, {9, 6}));
     controlli.push_back(Etichetta("Label10", "Fax:", {45, 21.6, 7.5, 4.2}, {9}));
     controlli.push_back(Campo("Text16", "azFax", {52.5, 21.6, larghezza - 52.5, 4.2}, {9, 6}));
-    controlli.push_back(Etichetta("Label45", "P. IVA :", {0, 25.8, 12, 4.2}, {9}));
-    controlli.push_back(Campo("Text20", "azPartitaIva", {12, 25.8, larghezza - 12, 4.2}, {9, 6}));
+    controlli.push_back(
+        Campo("Text20", "azPartitaIva", {dopoPartitaIva, 25.8, larghezza - dopoPartitaIva, 4.2}, {9, 6}));
 }
 
 void DisegnaTitolo(ReportSection& sezione, const ParoleTestata& testata)
@@ -286,7 +291,7 @@ std::vector<ColonnaRighe> ColonneFattura(const ParoleRighe& parole)
 {
     return {
         {"Label13", " Codice articolo", 25, Align::left, Align::left, {"CodiceArticolo"}, 5.5},
-        {"Label14", " Descrizione articolo", 75, Align::left, Align::left, {"Descrizione"}},
+        {"Label14", " Descrizione articolo", 75, Align::left, Align::left, {"Descrizione"}, 5},
         {"Label15", "UM", 8, Align::centre, Align::centre, {"UnitaMisura"}, 5},
         {"Label16", parole.quantita, 16, Align::centre, Align::right, {"Quantita"}, 5.5},
         {"Label27", parole.prezzo, 20, Align::centre, Align::right, {"PrezzoUnitario"}, 5.5},

@@ -16,7 +16,7 @@ Report arptDDTvb()
     DisegnaRighe(report,
                  {
                      {"Label13", " Codice articolo", 36, Align::left, Align::left, {"CodiceArticolo"}},
-                     {"Label14", " Descrizione articolo", 118, Align::left, Align::left, {"Descrizione"}},
+                     {"Label14", " Descrizione articolo", 118, Align::left, Align::left, {"Descrizione"}, 5},
                      {"Label15", "UM", 12, Align::centre, Align::centre, {"UnitaMisura"}, 5.5},
                      {"Label16", "QT", 24, Align::centre, Align::right, {"Quantita"}},
                  },

@@ -44,6 +44,16 @@ void registra(Sessione& sessione, const char* nome)
     sessione.schermate().add(nome, [&sessione] { return std::make_unique<Schermata>(sessione); });
 }
 
+// A setting of a wrong form leads to no message.
+std::string annoImpostato(const Settings& settings)
+{
+    try {
+        return leadingWholeNumberText(settings.get("Impostazioni", "Anno Riferimento", "0"));
+    } catch (const Errore&) {
+        return "0";
+    }
+}
+
 }  // namespace
 
 Programma::Programma(Ambiente ambiente) : sessione_(std::move(ambiente))
@@ -116,8 +126,7 @@ void Programma::sequenzaDiAvvio()
     CaricaDatiAzienda(sessione_);
     CaricaRegistri(sessione_);
     // After the first run no year is chosen yet, and the session's is 0.
-    sessione_.AnnoRiferimento =
-        leadingWholeNumberText(sessione_.settings().get("Impostazioni", "Anno Riferimento", "0"));
+    sessione_.AnnoRiferimento = annoImpostato(sessione_.settings());
     MostraAnnoRiferimento(sessione_);
     sessione_.TabellaIva = std::make_unique<clsTabellaCodiciIVA>(sessione_);
     sessione_.schermate().get("frmMain").show();

@@ -23,6 +23,15 @@ double numeroImpostazione(const std::string& testo)
     }
 }
 
+std::int32_t interoImpostazione(const std::string& testo)
+{
+    try {
+        return Value(leadingNumber(testo)).toLong();
+    } catch (const Errore&) {
+        return 0;
+    }
+}
+
 // Once for an installation: totals of the documents from their stored parts, whatever their year.
 void FirForOneEuro(Sessione& sessione)
 {
@@ -66,9 +75,7 @@ void RegistraDatiProgramma(Sessione& sessione)
 void CaricaImpostazioniDocumenti(Sessione& sessione)
 {
     sessione.OmbreggiaturaAttiva = numeroImpostazione(sessione.settings().get("Documenti", "Ombreggiatura", "1")) == 1;
-    const double colore = numeroImpostazione(sessione.settings().get("Documenti", "BGColor", "12632256"));
-    constexpr double massimo = std::numeric_limits<std::int32_t>::max();
-    sessione.ColoreSfondo = colore >= -massimo && colore <= massimo ? static_cast<std::int32_t>(colore) : 0;
+    sessione.ColoreSfondo = interoImpostazione(sessione.settings().get("Documenti", "BGColor", "12632256"));
 }
 
 void VerificaCartelle(Sessione& sessione)
@@ -165,6 +172,7 @@ bool NessunaFinestraAperta(const Sessione& sessione)
 
 void CentraFinestra(Form& finestra, bool sulloSchermo)
 {
+    finestra.centredOnScreen = sulloSchermo;
     finestra.desktop().centre(finestra, sulloSchermo);
 }
 

@@ -23,9 +23,8 @@ protected:
                    "VALUES " +
                    std::string(valori));
         }
-        for (const char* valori :
-             {"(1, 'A1', 'F10', '800100', 'Vite piana')", "(2, 'A12', 'F20', '800200', 'Dado, per vite')",
-              "(3, 'B7', Null, Null, 'Bullone')"}) {
+        for (const char* valori : {"(1, 'A1', 'F10', '800100', 'Vite piana')",
+                                   "(2, 'A12', 'F20', '800200', 'Dado, per vite')", "(3, 'B7', '', '', 'Bullone')"}) {
             esegui("INSERT INTO Articoli (IDArticolo, CodiceMagazzino, CodiceFornitore, CodiceBarreFornitore, "
                    "DescrizionePrincipale) VALUES " +
                    std::string(valori));
@@ -55,8 +54,8 @@ TEST_F(Ricerche, OneMatchIsTheAnswerAndNoneIsMinusOne)
         std::int32_t atteso;
     };
     for (const Caso& caso : {Caso{0, "b", 3}, Caso{0, "12", 2}, Caso{0, "zz", -1}, Caso{1, "800100", 1},
-                             Caso{1, "8001", -1}, Caso{1, "%200", 2}, Caso{1, "", -1}, Caso{2, "f20", 2},
-                             Caso{2, "F", -1}, Caso{3, "bul", 3}, Caso{3, "PER VITE", 2}}) {
+                             Caso{1, "8001", -1}, Caso{1, "%200", 2}, Caso{1, "", -1}, Caso{2, "", -1},
+                             Caso{2, "f20", 2}, Caso{2, "F", -1}, Caso{3, "bul", 3}, Caso{3, "PER VITE", 2}}) {
         EXPECT_EQ(RicercaArticolo(sessione, caso.indice, caso.testo), caso.atteso) << caso.indice << " " << caso.testo;
     }
     for (const Caso& caso :

@@ -416,7 +416,7 @@ void FormWindow::placeShell()
     QRect place(QPoint(), size);
     if (kept && kind_ != Kind::splash) {
         place.moveTopLeft(kept->rect.topLeft());
-    } else if (kind_ == Kind::window && owner_ != nullptr) {
+    } else if (kind_ == Kind::window && owner_ != nullptr && !form_->centredOnScreen) {
         place.moveCenter(owner_->window()->frameGeometry().center());
     } else {
         place.moveCenter(space.center());

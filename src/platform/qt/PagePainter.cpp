@@ -1,5 +1,6 @@
 #include "platform/qt/PagePainter.h"
 
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPainterPath>
 #include <algorithm>
@@ -42,7 +43,15 @@ void paintPrimitive(QPainter& painter, const LinePrimitive& line)
 void paintPrimitive(QPainter& painter, const ImagePrimitive& image)
 {
     const QPixmap picture = readPicture(image.path);
-    if (picture.isNull() || image.width <= 0 || image.height <= 0) {
+    if (image.width <= 0 || image.height <= 0) {
+        return;
+    }
+    if (picture.isNull()) {
+        // Seen in the preview, before a page without its sender leaves the house.
+        painter.setFont(face(9, false, false));
+        painter.setPen(Qt::black);
+        painter.drawText(QRectF(image.x, image.y, image.width, image.height), Qt::AlignCenter | Qt::TextWordWrap,
+                         QStringLiteral("Immagine non leggibile:\n%1").arg(QFileInfo(toQt(image.path)).fileName()));
         return;
     }
     const QSizeF size = QSizeF(picture.size()).scaled(QSizeF(image.width, image.height), Qt::KeepAspectRatio);

@@ -19,7 +19,9 @@ QString name(std::string_view section, std::string_view key)
 
 QtSettings::QtSettings()
     : store_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("bravona"), QStringLiteral("BV2004"))
-{}
+{
+    store_.setFallbacksEnabled(false);  // this person's alone
+}
 
 QtSettings::QtSettings(const QString& file) : store_(file, QSettings::IniFormat) {}
 

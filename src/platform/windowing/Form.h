@@ -46,6 +46,9 @@ public:
     // Counts for the guards that ask whether another window is open. Previews do not.
     bool countsAsWindow = true;
 
+    bool centredOnScreen =
+        false;  // where it opens as long as the person has not moved it; else in the middle of its owner
+
     void setDefaultButton(Button* button);  // Enter
     void setCancelButton(Button* button);   // Escape
     [[nodiscard]] Button* defaultButton() const { return defaultButton_; }
