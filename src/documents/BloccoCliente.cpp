@@ -105,6 +105,12 @@ void BloccoCliente::impostaDestinazione(std::int32_t id, const std::string& nome
     txtCliente[destinazione].tag = std::to_string(id);
 }
 
+void BloccoCliente::mostraNome()
+{
+    if (IDCliente > 0)
+        txtCliente[nome].setText(nomeCliente_);
+}
+
 void BloccoCliente::nessunCliente()
 {
     sessione_.desktop().inform("Nessun record trovato!", "Ricerca...");
@@ -133,7 +139,8 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
         return;
     IDCliente = cliente.IDCliente;
     txtCliente[nome].tag = std::to_string(cliente.IDCliente);
-    txtCliente[nome].setText(cliente.Cliente);
+    nomeCliente_ = cliente.Cliente;
+    txtCliente[nome].setText(nomeCliente_);
     txtCliente[secondaRiga].setText(cliente.ClienteSecondaRiga);
     txtCliente[indirizzo].setText(cliente.Indirizzo);
     impostaDestinazione(0, "IDEM");

@@ -43,6 +43,8 @@ public:
     void ImpostaCliente(bool soloTestata, std::int32_t& id);
     void impostaDestinazione(std::int32_t id, const std::string& nome);
     [[nodiscard]] std::array<std::string, 3> scontiAssociati() const;
+    // What was typed but not searched gives way to the name of the document's customer.
+    void mostraNome();
 
     void registra(const std::function<void(const std::string&, Control&, int)>& aggiungi);
     [[nodiscard]] Layout layout();
@@ -54,6 +56,7 @@ private:
     CampiCliente campi_;
     std::string titolo_;
     std::string chiamante_;
+    std::string nomeCliente_;
 };
 
 }  // namespace bravona

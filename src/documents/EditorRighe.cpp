@@ -1,5 +1,7 @@
 #include "documents/EditorRighe.h"
 
+#include <algorithm>
+
 #include "documents/frmDettagliIVA.h"
 #include "documents/frmZoomDescrizione.h"
 #include "masterdata/clsArticolo.h"
@@ -19,6 +21,14 @@ constexpr int perDescrizione = 1;
 constexpr int ricercaPerCodice = 0;  // search keys of the article search
 constexpr int ricercaPerDescrizione = 3;
 const std::string testoEsente = "E - 0%";  // the VAT code of exempt customers, as the combo shows it
+
+// The text that stays when what is selected is typed over.
+std::u32string senzaSelezione(const TextBox& campo)
+{
+    std::u32string testo = toCodePoints(campo.text());
+    testo.erase(std::min(campo.selStart(), testo.size()), campo.selLength());
+    return testo;
+}
 
 }  // namespace
 
@@ -170,7 +180,7 @@ void EditorRighe::collegaCampi()
     };
     txtPrezzo.onKeyPress = [this](char32_t& tasto) {
         tasto = ValidaImporto(tasto);
-        if (tasto == U',' && txtPrezzo.selLength() == 0 && txtPrezzo.text().find(',') != std::string::npos)
+        if (tasto == U',' && senzaSelezione(txtPrezzo).find(U',') != std::u32string::npos)
             tasto = 0;
     };
     txtPrezzo.onChange = [this] { calcolaRiga(); };
@@ -187,12 +197,13 @@ void EditorRighe::collegaCampi()
     txtScontoGenerale.onLostFocus = [this] {
         if (!isNumeric(txtScontoGenerale.text()))
             txtScontoGenerale.setText("0");
-        AggiornaTotali();
+        // What is wrong with the totals is mended elsewhere: it is told, and holds nobody here.
+        riferisci([this] { AggiornaTotali(); });
     };
     for (int i = 0; i < 3; ++i)
         cmdDettagli[static_cast<std::size_t>(i)].onClick = [this, i] { comando(i); };
     lvwDettagli.onDblClick = [this] {
-        if (!inModifica())
+        if (!inModifica() && cmdDettagli[1].effectivelyEnabled())
             comando(1);
     };
     cmdDettagliIVA.onClick = [this] {
@@ -205,9 +216,9 @@ void EditorRighe::collegaCampi()
 void EditorRighe::filtroQuantita(char32_t& tasto) const
 {
     tasto = ValidaImporto(tasto);
-    if (tasto <= U' ' || txtQuantita.selLength() > 0)
+    if (tasto <= U' ')
         return;
-    const std::u32string testo = toCodePoints(txtQuantita.text());
+    const std::u32string testo = senzaSelezione(txtQuantita);
     const std::size_t virgola = testo.find(U',');
     if (virgola == std::u32string::npos)
         return;
@@ -222,7 +233,16 @@ void EditorRighe::lasciaSconto(std::size_t indice)
     if (!isNumeric(campo.text()))
         campo.setText("0");
     Sconto[indice] = toDouble(campo.text());
-    calcolaRiga();
+    riferisci([this] { calcolaRiga(); });  // a quantity that cannot be read is mended in its own field
+}
+
+void EditorRighe::riferisci(const std::function<void()>& calcolo)
+{
+    try {
+        calcolo();
+    } catch (const Errore& errore) {
+        sessione_.desktop().report(errore);
+    }
 }
 
 void EditorRighe::calcolaRiga()
@@ -254,6 +274,9 @@ void EditorRighe::riprendiSconti()
         txtSconto[i].setText(associati[i].empty() ? "0" : associati[i]);
         Sconto[i] = leadingNumber(associati[i]);
     }
+    // A row that stands in the fields follows its new discounts.
+    if (isNumeric(txtQuantita.text()))
+        calcolaRiga();
 }
 
 void EditorRighe::PulisciCampiRiga()
@@ -315,6 +338,7 @@ void EditorRighe::ImpostaArticolo(int modo)
     txtDescrizione.setText(articolo.DescrizionePrincipale);
     cmbUnitaMisura.setText(articolo.UnitaMisura());
     RichiamaPrezzoArticolo(sessione_, articolo.IDArticolo, idListino_, txtPrezzo);
+    cmbIva.setListIndex(-1);  // a code that the list lacks is asked for; the one used before is not taken in its place
     if (regole_.clienteEsente && regole_.clienteEsente())
         cmbIva.selectByText(testoEsente);
     else

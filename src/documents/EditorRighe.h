@@ -115,6 +115,7 @@ private:
     void cercaArticolo(int modo);
     void calcolaRiga();  // CalcolaTotaleRiga on the fields
     void lasciaSconto(std::size_t indice);
+    void riferisci(const std::function<void()>& calcolo);
     void filtroQuantita(char32_t& tasto) const;
     void avverti(const std::string& testo, Control& campo);
     void zoomDescrizione();

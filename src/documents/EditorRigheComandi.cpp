@@ -67,6 +67,14 @@ bool EditorRighe::ControllaRiga()
         avverti("Attenzione! Codice iva non indicato!", cmbIva);
         return false;
     }
+    // Documents know a code by one letter; a longer one would be taken for another, or for no VAT at all.
+    const std::size_t lettere = cmbIva.text().find(" - ");
+    if (lettere != std::string::npos && lettere > 1) {
+        avverti(
+            "Attenzione! Il codice iva scelto non puo' essere usato nei documenti: indicarne uno di una sola lettera!",
+            cmbIva);
+        return false;
+    }
     return true;
 }
 
@@ -245,7 +253,7 @@ void EditorRighe::copiaNeiCampi(const ListRow& riga)
 void EditorRighe::AggiornaDettaglio()
 {
     if (txtCodiceArticolo.tag == righe::tagCommento) {
-        if (txtCodiceArticolo.text().empty() || txtDescrizione.text().empty()) {
+        if (trim(txtCodiceArticolo.text()).empty() || trim(txtDescrizione.text()).empty()) {
             sessione_.desktop().inform(regole_.commentoIncompleto, regole_.titolo);
             return;
         }

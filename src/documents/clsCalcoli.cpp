@@ -92,7 +92,10 @@ TotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& pre
 {
     const std::string testoQuantita = trim(quantita);
     const std::string testoPrezzo = trim(prezzo);
-    const auto nullo = [](const std::string& testo) { return testo.empty() || testo == "0" || testo == "-"; };
+    // Nothing, or the beginning of a number that has no digit yet.
+    const auto nullo = [](const std::string& testo) {
+        return testo == "0" || testo.find_first_not_of("-.,") == std::string::npos;
+    };
     if (nullo(testoQuantita) || nullo(testoPrezzo))
         return {"0", "0"};
 

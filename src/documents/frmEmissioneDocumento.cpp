@@ -105,6 +105,8 @@ void frmEmissioneDocumento::onLoad()
 
 void frmEmissioneDocumento::pulsantiPredefiniti()
 {
+    if (!registrato_)
+        cmdDocumento[registra].setEnabled(!righe.inModifica());  // or the change under way would be lost
     Button* predefinito = nullptr;
     Button* abbandono = &cmdDocumento[annulla];
     if (!registrato_ && SSTabDocumento.tab() == schedaCorpo) {
@@ -138,6 +140,7 @@ void frmEmissioneDocumento::AbilitaSchede()
 
 void frmEmissioneDocumento::cambiaScheda()
 {
+    cliente.mostraNome();
     AbilitaSchede();
     pulsantiPredefiniti();
     if (SSTabDocumento.tab() == schedaScadenzario && !registrato_)

@@ -109,6 +109,7 @@ std::int32_t frmEmissioneDocumento::scriviTestata(std::int32_t numero)
 
 void frmEmissioneDocumento::RegistraDocumento()
 {
+    cliente.mostraNome();
     righe.AggiornaTotali();
     if (!ControllaDatiDocumento())
         return;
@@ -141,6 +142,8 @@ void frmEmissioneDocumento::documentoRegistrato()
     cliente.fraCliente.setEnabled(false);
     righe.fraDettagli.setEnabled(false);
     intestazione.fraIntestazioneDocumento.setEnabled(false);
+    righe.txtScontoGenerale.setLocked(true);
+    trasporto.abilita(false);
     const std::string numero = std::to_string(numeroRegistrato_);
     desktop().inform("Il documento corrente è stato registrato con il numero " + numero, titoloMessaggi);
     setCaption(tabelle_.titolo + " N. " + numero);

@@ -57,6 +57,10 @@ void frmSelezioneDocumento::conferma()
         return;
     const Scelta& scelta = scelte[indice];
     if (scelta.tipoDocumento != 0) {
+        // One document at a time: the open one goes first, and asks as its own "Annulla" does.
+        Form* aperto = sessione_.schermate().find(scelta.schermata);
+        if (aperto != nullptr && !aperto->unload())
+            return;
         const clsCursorWait attesa(sessione_.desktop());
         auto& schermata = sessione_.schermate().as<frmEmissioneDocumento>(scelta.schermata);
         schermata.TipoDocumento = scelta.tipoDocumento;

@@ -25,6 +25,17 @@ bool colonnaDiDate(int colonna)
 {
     return colonna == colonnaScadenza || colonna == colonnaDataPagamento;
 }
+// Sixteen digits and more are no amount.
+bool importoPossibile(const std::string& testo)
+{
+    try {
+        static_cast<void>(toCurrency(testo));
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 bool colonnaDiImporti(int colonna)
 {
     return colonna >= colonnaAvere && colonna <= colonnaSaldo;
@@ -71,7 +82,7 @@ GrigliaScadenze::GrigliaScadenze(const Clock& orologio) : orologio_(orologio)
     DTPicker1.onChange = [this] { cambioData(); };
     DTPicker1.onLostFocus = [this] { lasciaData(); };
     DTPicker1.onKeyDown = [this](KeyEvent& evento) {
-        if (evento.key == Key::enter) {
+        if (evento.key == Key::enter || evento.key == Key::escape) {
             evento.drop();
             Griglia.setFocus();
         }
@@ -106,7 +117,8 @@ Value GrigliaScadenze::TextMatrix(int riga, int colonna) const
 void GrigliaScadenze::setTextMatrix(int riga, int colonna, const Value& valore)
 {
     if (colonna == colonnaPagata && riga != 0) {
-        Griglia.setPicture(riga, colonna, valore == Value(false) ? FlexGrid::Picture::unpaid : FlexGrid::Picture::paid);
+        const bool pagata = !valore.text().empty() && valore.toBool();
+        Griglia.setPicture(riga, colonna, pagata ? FlexGrid::Picture::paid : FlexGrid::Picture::unpaid);
         Griglia.setText(riga, colonna, {});
         return;
     }
@@ -279,6 +291,10 @@ void GrigliaScadenze::spostaCasella(int colonna, KeyEvent& evento)
         evento.drop();
         confermaCasella(colonna);
         return;
+    case Key::escape:  // leaves the cell, not the document
+        evento.drop();
+        Griglia.setFocus();
+        return;
     case Key::down:
         if (riga + 1 >= Griglia.rows())
             return;
@@ -290,7 +306,7 @@ void GrigliaScadenze::spostaCasella(int colonna, KeyEvent& evento)
         --riga;
         break;
     case Key::right:
-        if (box.selStart() + box.selLength() < length(box.text()) || colonna + 1 >= Griglia.cols())
+        if (box.selLength() > 0 || box.selStart() < length(box.text()) || colonna + 1 >= Griglia.cols())
             return;
         ++nuova;
         break;
@@ -308,6 +324,17 @@ void GrigliaScadenze::spostaCasella(int colonna, KeyEvent& evento)
     apriCella({});
 }
 
+// The box goes back to what the cell holds.
+void GrigliaScadenze::rifiutaImporto(int riga, int colonna)
+{
+    form()->desktop().inform("Valore non valido!", "Scadenza");
+    TextBox& box = casellaDi(colonna);
+    apertura_ = true;
+    box.setText(Griglia.text(riga, colonna));
+    apertura_ = false;
+    box.select(0, length(box.text()));
+}
+
 void GrigliaScadenze::cambioCasella(int colonna)
 {
     if (apertura_)
@@ -322,8 +349,13 @@ void GrigliaScadenze::cambioCasella(int colonna)
         if (isDate(testo))
             testo = toDate(testo).text();
     } else if (colonnaDiImporti(colonna)) {
-        if (isNumeric(testo))
+        if (isNumeric(testo)) {
+            if (!importoPossibile(testo)) {
+                rifiutaImporto(riga, colonna);
+                return;
+            }
             testo = FormattaImporto(testo);
+        }
     }
     Griglia.setText(riga, colonna, testo);
     CalcolaSaldo(riga);

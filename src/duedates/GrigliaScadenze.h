@@ -64,6 +64,7 @@ private:
     void confermaCasella(int colonna);
     void spostaCasella(int colonna, KeyEvent& evento);
     void cambioCasella(int colonna);
+    void rifiutaImporto(int riga, int colonna);
     void lasciaCasella(int colonna);
     void cambioData();
     void lasciaData();

@@ -93,6 +93,8 @@ void GeneraScadenze(Connection& cn, GrigliaScadenze& griglia, const std::string&
         griglia.setTextMatrix(rata, colonna, FormattaImporto(importo));
         griglia.CalcolaSaldo(rata);
     }
+    // So that "Elimina" speaks of an instalment and not of the headings.
+    griglia.Griglia.setCurrent(1, 1);
 }
 
 }  // namespace bravona

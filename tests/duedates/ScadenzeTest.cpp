@@ -95,6 +95,23 @@ TEST_F(Instalments, ABalanceRewritesItsAmounts)
     }
 }
 
+TEST_F(Instalments, AStoredMarkReadsAsPaidOnlyWhenItSaysSo)
+{
+    GrigliaScadenze griglia(orologio);
+    ImpostaColonneScadenze(griglia);
+    griglia.setRows(2);
+    const auto pagata = [&](const Value& segno) {
+        griglia.setTextMatrix(1, 0, segno);
+        return griglia.TextMatrix(1, 0).toBool();
+    };
+    for (const Value& segno : {Value(), Value(""), Value("0"), Value(0), Value("Falso"), Value(false)}) {
+        EXPECT_FALSE(pagata(segno)) << segno.text();
+    }
+    for (const Value& segno : {Value("-1"), Value(-1), Value("1"), Value("Vero"), Value(true)}) {
+        EXPECT_TRUE(pagata(segno)) << segno.text();
+    }
+}
+
 TEST_F(Instalments, ThePlanOfAnUnknownMethodFailsAndThatOfNoMethodIsEmpty)
 {
     GrigliaScadenze griglia(orologio);
