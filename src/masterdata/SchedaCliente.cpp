@@ -13,6 +13,7 @@ namespace bravona {
 namespace {
 
 constexpr int numeroListini = 10;
+constexpr Colour coloreObbligatorio = rgb(178, 34, 34);
 
 // Which box holds which text of a party.
 constexpr std::array<std::pair<std::size_t, std::string clsCliente::*>, 15> testi{{{0, &clsCliente::Cliente},
@@ -56,6 +57,12 @@ SchedaCliente::SchedaCliente(Sessione& sessione, const char* nome, const char* t
         casella.align = Align::right;
         casella.setAccessibleName("Sconto " + std::to_string(i + 1));
     }
+    for (Label* obbligatorio : {&lblCliente_, &lblIndirizzo_, &lblCitta_, &lblObbligatori_}) {
+        obbligatorio->mark = coloreObbligatorio;
+    }
+    txtAnagrafica[anagrafica::cliente].setAccessibleName("Ragione sociale, obbligatoria");
+    txtAnagrafica[anagrafica::indirizzo].setAccessibleName("Indirizzo, obbligatorio");
+    txtAnagrafica[anagrafica::citta].setAccessibleName("Città, obbligatoria");
     txtAnagrafica[1].setAccessibleName("Ragione sociale, seconda riga");
     Option1.onClick = [this] { sessione_.TipoAnagraficaCorrente = "C"; };
     Option2.onClick = [this] { sessione_.TipoAnagraficaCorrente = "F"; };

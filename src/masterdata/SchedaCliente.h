@@ -67,9 +67,9 @@ private:
     void cambiaPagina();
     void abilitaEsenzione();
     Sessione& sessione_;
-    Label lblCliente_{"Rag&ione sociale"};
-    Label lblIndirizzo_{"Indiri&zzo"};
-    Label lblCitta_{"Ci&ttà"};
+    Label lblCliente_{"    Rag&ione sociale"};
+    Label lblIndirizzo_{"    Indiri&zzo"};
+    Label lblCitta_{"    Ci&ttà"};
     Label lblObbligatori_{"(     = campi obbligatori)"};
 };
 

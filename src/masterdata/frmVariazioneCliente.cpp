@@ -31,6 +31,7 @@ frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
         Combo2.addItem(campo);
     }
     Combo2.setListIndex(0);
+    Combo2.width = 23;
     txtCercaCliente.grows = true;
     lblRicerca_.style = TextStyle::hint;
     txtCercaCliente.onKeyDown = [this](KeyEvent& evento) {
@@ -88,7 +89,10 @@ void frmVariazioneCliente::Ricerca()
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", titoloCliente);
         txtCercaCliente.setFocus();
-    } else if (id != ricerca::annullata) {
+        txtCercaCliente.selectAll();
+    } else if (id == ricerca::annullata) {
+        txtCercaCliente.selectAll();
+    } else {
         carica(id);
     }
 }

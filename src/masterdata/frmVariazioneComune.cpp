@@ -29,6 +29,7 @@ frmVariazioneComune::frmVariazioneComune(Sessione& sessione)
             Ricerca();
         }
     };
+    lblRicerca_.style = TextStyle::hint;
     Command1.setVisible(false);
     Command1.onClick = [this] { Inserisce(); };
     cmdComune[aggiorna].onClick = [this] { Aggiorna(); };
@@ -41,13 +42,14 @@ frmVariazioneComune::frmVariazioneComune(Sessione& sessione)
 
     add("cboCampoDiRicerca", cboCampoDiRicerca);
     add("txtCercaComune", txtCercaComune);
+    add("lblRicerca", lblRicerca_);
     add("txtComune", campi.txtComune);
     add("cmdComune", cmdComune);
     add("Command1", Command1);
     using namespace layout;
-    setLayout(
-        column({form({line("&Ricerca per", row({of(cboCampoDiRicerca), grow(of(txtCercaComune))}))}), campi.layout(),
-                rowEnd({of(Command1), of(cmdComune[aggiorna]), of(cmdComune[esci]), of(cmdComune[nuovo])})}));
+    setLayout(column(
+        {form({line("&Ricerca per", row({of(cboCampoDiRicerca), grow(of(txtCercaComune)), of(lblRicerca_)}))}),
+         campi.layout(), rowEnd({of(Command1), of(cmdComune[aggiorna]), of(cmdComune[esci]), of(cmdComune[nuovo])})}));
     setCancelButton(&cmdComune[esci]);
 }
 
@@ -89,9 +91,11 @@ void frmVariazioneComune::Ricerca()
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", "Cliente");
         txtCercaComune.setFocus();
+        txtCercaComune.selectAll();
         return;
     }
     if (id == ricerca::annullata) {
+        txtCercaComune.selectAll();
         return;
     }
     pulisci();

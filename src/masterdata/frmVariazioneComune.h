@@ -34,6 +34,7 @@ private:
     void Inserisce();
     void pulisci();
     Sessione& sessione_;
+    Label lblRicerca_{"Premi F3 per la Ricerca"};
     std::int32_t caricato_ = 0;  // key of the row on the screen, 0: none
 };
 

@@ -94,9 +94,9 @@ ComboBinder::ComboBinder(FormWindow& window, ComboBox& combo, QWidget* parent)
     if (combo.editable()) {
         combo_->setEditable(true);
         combo_->setInsertPolicy(QComboBox::NoInsert);
-        combo_->setCompleter(nullptr);
         auto* edit = new EntryLine(combo_);
         combo_->setLineEdit(edit);
+        combo_->setCompleter(nullptr);  // the line brings one along, and it would finish other words than were typed
         edit->pasted = [this](const QString& text) { desktop().paste(*this, text); };
         QObject::connect(edit, &QLineEdit::textEdited, edit, [this](const QString& text) {
             if (!following_) {
@@ -229,9 +229,15 @@ void ComboBinder::followAll()
 
 // --- list box
 
+QSize ListBoxWidget::sizeHint() const
+{
+    const int row = model() != nullptr && model()->rowCount() > 0 ? sizeHintForRow(0) : fontMetrics().lineSpacing();
+    return {Steady<QListView>::sizeHint().width(), row * lines + 2 * frameWidth()};
+}
+
 ListBoxBinder::ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent)
     : BinderOf(window, list),
-      list_(new Steady<QListView>(parent)),
+      list_(new ListBoxWidget(parent)),
       model_(new ItemModel([this]() { return alive() ? &c().items() : nullptr; }))
 {
     setWidget(list_);
@@ -240,6 +246,7 @@ ListBoxBinder::ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent)
     list_->setItemDelegate(new RowDelegate(list_));
     list_->setUniformItemSizes(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list_->lines = std::max(2, list.lines);
     list_->setMinimumSize(theme::pixels(140), list_->fontMetrics().lineSpacing() * std::max(2, list.lines) / 2);
     QObject::connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, list_,
                      [this](const QModelIndex& now) {

@@ -59,6 +59,13 @@ private:
     bool following_ = false;
 };
 
+class ListBoxWidget final : public Steady<QListView> {
+public:
+    using Steady::Steady;
+    int lines = 6;  // that it asks room for
+    [[nodiscard]] QSize sizeHint() const override;
+};
+
 class ListBoxBinder final : public BinderOf<ListBox> {
 public:
     ListBoxBinder(FormWindow& window, ListBox& list, QWidget* parent);
@@ -69,7 +76,7 @@ protected:
     void followAll() override;
 
 private:
-    Steady<QListView>* list_;
+    ListBoxWidget* list_;
     ItemModel* model_;
 };
 

@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -36,6 +38,47 @@ void LabelWidget::mouseDoubleClickEvent(QMouseEvent* event)
     }
 }
 
+QSize LabelWidget::sizeHint() const
+{
+    const QSize whole = QLabel::sizeHint();
+    return cut ? QSize(std::min(whole.width(), theme::pixels(240)), whole.height()) : whole;
+}
+
+QSize LabelWidget::minimumSizeHint() const
+{
+    const QSize whole = QLabel::minimumSizeHint();
+    return cut ? QSize(std::min(whole.width(), theme::pixels(60)), whole.height()) : whole;
+}
+
+void LabelWidget::paintEvent(QPaintEvent* event)
+{
+    const QRect room = contentsRect();
+    if (cut && QLabel::sizeHint().width() > width()) {
+        QPainter painter(this);
+        style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), isEnabled(),
+                              fontMetrics().elidedText(oneLine(text().toStdString()), Qt::ElideRight, room.width()),
+                              foregroundRole());
+        return;
+    }
+    QLabel::paintEvent(event);
+    const auto from = text().indexOf(u' ');
+    if (!mark || from < 0) {
+        return;
+    }
+    auto to = from;
+    while (to < text().size() && text()[to] == u' ') {
+        ++to;
+    }
+    const QRect whole = style()->itemTextRect(fontMetrics(), room, static_cast<int>(alignment()) | Qt::TextShowMnemonic,
+                                              isEnabled(), text());
+    const int blanks = fontMetrics().horizontalAdvance(text().mid(from, to - from));
+    const int side = std::min(blanks, fontMetrics().capHeight());
+    const int left = whole.left() + fontMetrics().horizontalAdvance(text().left(from)) + (blanks - side) / 2;
+    QPainter painter(this);
+    painter.fillRect(left, whole.center().y() - side / 2, side, side,
+                     theme::readable(*mark, palette().color(QPalette::Window)));
+}
+
 LabelBinder::LabelBinder(FormWindow& window, Label& label, QWidget* parent)
     : BinderOf(window, label),
       label_(new LabelWidget(parent))
@@ -44,6 +87,8 @@ LabelBinder::LabelBinder(FormWindow& window, Label& label, QWidget* parent)
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(label.wrap);
     label_->setFont(theme::font(label_->font(), label.style, label.fixedPitch));
+    label_->mark = label.mark;
+    label_->cut = label.sunken && !label.wrap;
     if (label.sunken) {
         label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
         label_->setMinimumHeight(theme::fieldHeight(label_->font()));

@@ -18,8 +18,13 @@ public:
     explicit LabelWidget(QWidget* parent) : QLabel(parent) {}
     std::function<bool()> clicked;  // true when somebody listens
     std::function<bool()> doubleClicked;
+    bool cut = false;            // a text that has no room ends in an ellipsis, and the window doesn't grow for it
+    std::optional<Colour> mark;  // of a small square in its first blanks
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -30,6 +30,8 @@ public:
     bool fixedPitch = false;
     bool wrap = false;
     bool sunken = false;  // reads like a read-only field
+    // A small square of this colour stands in the first blanks of the caption, as in a legend.
+    std::optional<Colour> mark;
 
 private:
     std::string caption_;

@@ -1,0 +1,132 @@
+#include "masterdata/SchedaCliente.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "masterdata/frmRegistraCliente.h"
+#include "masterdata/frmVariazioneCliente.h"
+#include "support/ConArchivio.h"
+
+namespace bravona {
+namespace {
+
+class Scheda : public ConArchivio {
+protected:
+    // Every text of a party that a person can type, and those of a destination.
+    static std::vector<std::string> testi(SchedaCliente& scheda)
+    {
+        std::vector<std::string> letti;
+        for (const Form::Entry& voce : scheda.controls()) {
+            const bool libero = voce.name.starts_with("txt") && voce.name != "txtCercaCliente" &&
+                                voce.name != "txtDestinazioni" && voce.index < 16;
+            if (libero || voce.name == "cmbDescrizioneEsenzioneIVA") {
+                letti.push_back(voce.control->shownText());
+            }
+        }
+        for (std::size_t colonna = 0; colonna < 5; ++colonna) {
+            letti.push_back(scheda.destinazioni.lvwDestinazioni.row(0).cell(colonna));
+        }
+        return letti;
+    }
+
+    static std::string lungo(std::size_t caratteri, const std::string& prima)
+    {
+        std::string testo = prima;
+        testo.resize(caratteri, 'm');
+        return testo;
+    }
+};
+
+class TestiLunghi : public Scheda, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(TestiLunghi, ComeBackWholeFromEveryField)
+{
+    auto& nuova = sessione.schermate().as<frmRegistraCliente>("frmRegistraCliente");
+    nuova.show();
+    nuova.chkEsenteIva.setChecked(true);
+    int numero = 0;
+    for (const Form::Entry& voce : nuova.controls()) {
+        const std::string testo = lungo(GetParam(), std::to_string(++numero) + "'\"%*[è]");
+        if (auto* casella = dynamic_cast<TextBox*>(voce.control); casella != nullptr && voce.index < 16) {
+            casella->setText(testo);
+        } else if (voce.name == "cmbDescrizioneEsenzioneIVA") {
+            nuova.cmbDescrizioneEsenzioneIVA.setText(testo);
+        }
+    }
+    nuova.SSTab1.setTab(2);
+    utente.click(nuova.destinazioni.cmdDestinazioni[0]);
+    const std::vector<std::string> scritti = testi(nuova);
+    utente.answer(MsgAnswer::no);
+    utente.click(nuova.cmdCliente[0]);
+    ASSERT_EQ(utente.boxCount(), 1U) << ultimoMessaggio();
+
+    auto& trovata = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
+    trovata.IDCliente = 1;
+    trovata.show();
+    EXPECT_EQ(testi(trovata), scritti);
+}
+INSTANTIATE_TEST_SUITE_P(Misure, TestiLunghi, testing::Values(255, 5000));
+
+TEST_F(Scheda, OpensOnTheRowThatACallerNames)
+{
+    esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (7, 'Rossi', 'Via Po 1', 'Torino', "
+           "'F')");
+    esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (8, 'Bianchi', 'Via Po 2', "
+           "'Torino', 'F')");
+    auto& scheda = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
+    scheda.IDCliente = 7;
+    scheda.show();
+    EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Rossi");
+    EXPECT_EQ(sessione.TipoAnagraficaCorrente, "F");
+    // The next search is by its text again.
+    scheda.txtCercaCliente.setText("bian");
+    utente.key(Key::f3);
+    EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Bianchi");
+}
+
+TEST_F(Scheda, AnotherScreensKindDoesNotTurnTheSearch)
+{
+    esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (7, 'Rossi', 'Via Po 1', 'Torino', "
+           "'C')");
+    auto& scheda = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
+    scheda.show();
+    sessione.TipoAnagraficaCorrente = "F";
+    scheda.txtCercaCliente.setText("ros");
+    utente.key(Key::f3);
+    EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Rossi");
+}
+
+TEST_F(Scheda, APartyDeletedMeanwhileLeavesNothingToSave)
+{
+    esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (7, 'Rossi', 'Via Po 1', 'Torino', "
+           "'C')");
+    auto& scheda = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
+    scheda.IDCliente = 7;
+    scheda.show();
+    ListRow ufficio;
+    ufficio.text = "Ufficio";
+    scheda.destinazioni.lvwDestinazioni.add(ufficio);
+    esegui("DELETE * FROM Clienti");
+    utente.click(scheda.cmdCliente[0]);
+    EXPECT_EQ(ultimoMessaggio(), "Cliente: Errore nella variazione dei dati!");
+    EXPECT_EQ(riga("SELECT COUNT(*) FROM DestinazioneMerceClienti"), "0");
+    EXPECT_FALSE(sessione.cn.inTransaction());
+}
+
+TEST_F(Scheda, TheNextPartyOffersNoMethodWhereThereIsNone)
+{
+    auto& nuova = sessione.schermate().as<frmRegistraCliente>("frmRegistraCliente");
+    nuova.show();
+    nuova.txtAnagrafica[0].setText("Rossi");
+    nuova.txtAnagrafica[2].setText("Via Po 1");
+    nuova.txtAnagrafica[3].setText("Torino");
+    utente.answer(MsgAnswer::yes);
+    utente.click(nuova.cmdCliente[0]);
+    EXPECT_EQ(riga("SELECT IDpagamento, IDListino FROM Clienti"), "0|1");
+    EXPECT_EQ(nuova.List1.listIndex(), -1);
+    EXPECT_EQ(nuova.Combo1.text(), "1");
+}
+
+}  // namespace
+}  // namespace bravona
