@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -65,6 +66,11 @@ bool FormWindow::eventFilter(QObject* target, QEvent* event)
 {
     if (event->type() == QEvent::Resize && form_ != nullptr && form_->shown()) {
         desktop_.enter([this] { form_->onResize(); });
+    }
+    // On the empty area: a control that has its own use for it keeps it.
+    if (event->type() == QEvent::MouseButtonDblClick && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        doubleClicked();
+        return true;
     }
     return QObject::eventFilter(target, event);
 }
@@ -252,13 +258,16 @@ void FormWindow::makeMain()
     auto* shell = new MainShell;
     shell_ = shell;
     shell->closeAsked = [this] { closeAsked(); };
-    shell->area()->doubleClicked = [this] {
-        desktop_.enter([this] {
-            if (form_ != nullptr && !desktop_.blocked(*form_)) {
-                desktop_.interaction().leaveField(*form_, [this] { form_->onDblClick(); });
-            }
-        });
-    };
+    shell->area()->doubleClicked = [this] { doubleClicked(); };
+}
+
+void FormWindow::doubleClicked()
+{
+    desktop_.enter([this] {
+        if (form_ != nullptr && !desktop_.blocked(*form_)) {
+            desktop_.interaction().leaveField(*form_, [this] { form_->onDblClick(); });
+        }
+    });
 }
 
 namespace {

@@ -54,7 +54,7 @@ public:
 
     void changed(Control& control, Aspect aspect, std::size_t row) override;
     void changed(Form& form) override;
-    bool eventFilter(QObject* target, QEvent* event) override;  // of the contents: their size
+    bool eventFilter(QObject* target, QEvent* event) override;  // of the contents: their size, a double click
 
 private:
     enum class Kind { none, child, window, main, splash };
@@ -74,6 +74,7 @@ private:
     [[nodiscard]] QSize wantedSize() const;
     [[nodiscard]] QRect room() const;  // for the shell, in its parent's coordinates or the screen's
     void closeAsked();
+    void doubleClicked();  // on the empty area
 
     QtDesktop& desktop_;
     Form* form_;
