@@ -45,7 +45,7 @@ SchedaCliente::SchedaCliente(Sessione& sessione, const char* nome, const char* t
       sessione_(sessione)
 {
     using namespace anagrafica;
-    for (const std::size_t lungo : {0, 1, 2, 9, 10}) {
+    for (const std::size_t lungo : {0U, 1U, 2U, 9U, 10U}) {
         txtAnagrafica[lungo].grows = true;
     }
     txtAnagrafica[provincia].onKeyPress = filtraTasti(inMaiuscolo);

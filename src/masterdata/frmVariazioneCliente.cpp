@@ -161,9 +161,9 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
 }
 
 // False after having told the failure.
-bool frmVariazioneCliente::registra(clsCliente& cliente)
+bool frmVariazioneCliente::registra(clsCliente& dati)
 {
-    if (cliente.ModificaCliente(caricato_->IDCliente)) {
+    if (dati.ModificaCliente(caricato_->IDCliente)) {
         return RegistraDestinazioniMerce();
     }
     desktop().inform("Errore nella variazione dei dati!", titoloCliente);
@@ -193,8 +193,8 @@ void frmVariazioneCliente::Aggiorna()
         txtCercaCliente.setFocus();
         return;
     }
-    clsCliente cliente = *caricato_;
-    if (!controllaDatiEssenziali() || !leggi(cliente) || !registra(cliente)) {
+    clsCliente dati = *caricato_;
+    if (!controllaDatiEssenziali() || !leggi(dati) || !registra(dati)) {
         return;
     }
     Annuncia(sessione(), "Anagrafica aggiornata");
