@@ -13,9 +13,9 @@ frmDescrizioneListini::frmDescrizioneListini(Sessione& sessione)
     for (std::size_t i = 0; i < Text1.size(); ++i) {
         Text1[i].width = 40;
         Text1[i].onChange = [this] { variato_ = true; };
-        std::string numero = std::to_string(i + 1);
-        numero.insert(numero.size() - 1, "&");
-        righe.push_back(layout::line("Listino " + numero, layout::of(Text1[i])));
+        const std::size_t numero = i + 1;
+        const std::string decina = numero < 10 ? "" : std::to_string(numero / 10);
+        righe.push_back(layout::line("Listino " + decina + "&" + std::to_string(numero % 10), layout::of(Text1[i])));
     }
     Command1[0].onClick = [this] { Registra(); };
     Command1[1].onClick = [this] { unload(); };
