@@ -1,5 +1,7 @@
 #include "platform/store/Recordset.h"
 
+#include <type_traits>
+
 #include "platform/store/RecordsetState.h"
 
 namespace bravona {
@@ -99,12 +101,22 @@ bool Recordset::bof() const
 
 Value Recordset::valueAt(std::size_t row, std::size_t column) const
 {
-    State& s = opened(state_);
-    s.load();
-    if (row >= s.size() || column >= s.rows->columns()) {
-        throw Errore(errori::indiceFuoriIntervallo, "Indice non incluso nell'intervallo.");
-    }
-    return s.rows->value(s.order[row], column, s.set->columns[column].type);
+    const auto [rows, place] = opened(state_).cell(row, column);
+    return rows.value(place, column, state_->set->columns[column].type);
+}
+
+std::string Recordset::textAt(std::size_t row, std::size_t column) const
+{
+    const auto [rows, place] = opened(state_).cell(row, column);
+    std::string text;
+    rows.visit(place, column, [&](auto value) {
+        if constexpr (std::is_same_v<decltype(value), std::string_view>) {
+            text = value;
+        } else if constexpr (!std::is_same_v<decltype(value), std::monostate>) {
+            text = rows.value(place, column, state_->set->columns[column].type).text();
+        }
+    });
+    return text;
 }
 
 void Recordset::moveFirst()

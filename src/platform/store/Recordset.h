@@ -100,6 +100,7 @@ public:
     Field operator[](const char* name) { return (*this)[std::string_view(name)]; }
     // What stands in any row, from 0, its unsent changes as well; the current row stays. Errore 9 out of range.
     [[nodiscard]] Value valueAt(std::size_t row, std::size_t column) const;
+    [[nodiscard]] std::string textAt(std::size_t row, std::size_t column) const;  // the same as `Field::text` tells it
     Field operator[](int position) { return (*this)[static_cast<std::size_t>(position)]; }
 
     // The child rows of the current row (a chapter column), as a set of its own whose first row is current. The same

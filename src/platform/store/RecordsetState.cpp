@@ -80,6 +80,15 @@ void Recordset::State::leave()
     }
 }
 
+Recordset::State::Cell Recordset::State::cell(std::size_t position, std::size_t column)
+{
+    load();
+    if (position >= size() || column >= dataColumns()) {
+        throw Errore(errori::indiceFuoriIntervallo, "Indice non incluso nell'intervallo.");
+    }
+    return {*rows, order[position]};
+}
+
 const Value& Recordset::State::value(std::size_t column)
 {
     static const Value nothing;

@@ -43,6 +43,12 @@ struct Recordset::State {
     void moveTo(std::ptrdiff_t position);
     void leave();  // sends what was not sent
     const Value& value(std::size_t column);
+    // Where a cell of any row of the set is kept: the store and its row there. Errore 9 out of range.
+    struct Cell {
+        const RowStore& rows;
+        Row row;
+    };
+    Cell cell(std::size_t position, std::size_t column);
     [[nodiscard]] std::size_t size() const { return order.size(); }
 
     // --- changes

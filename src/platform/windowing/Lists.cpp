@@ -1,6 +1,8 @@
 #include "platform/windowing/Lists.h"
 
 #include <algorithm>
+#include <bit>
+#include <iterator>
 #include <numeric>
 
 #include "platform/text/Text.h"
@@ -191,30 +193,36 @@ const ListRow& ListView::row(std::size_t row) const
 
 std::size_t ListView::add(ListRow row)
 {
-    if (!row.key.empty() && !keys_.emplace(row.key, rows_.size()).second) {
-        keyTaken();
-    }
     if (columns_.size() > row.sub.size() + 1) {
         row.sub.resize(columns_.size() - 1);
     }
     rows_.push_back(std::move(row));
+    if (!index(rows_.size() - 1)) {
+        rows_.pop_back();
+        keyTaken();
+    }
     notify(Aspect::items);
     return rows_.size() - 1;
 }
 
 void ListView::append(std::vector<ListRow> rows)
 {
-    rows_.reserve(rows_.size() + rows.size());
-    keys_.reserve(keys_.size() + rows.size());
-    for (ListRow& row : rows) {
-        if (!row.key.empty() && !keys_.emplace(row.key, rows_.size()).second) {
+    const std::size_t first = rows_.size();
+    if (first == 0) {
+        rows_ = std::move(rows);
+    } else {
+        rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+    }
+    for (std::size_t i = first; i < rows_.size(); ++i) {
+        ListRow& row = rows_[i];
+        if (!index(i)) {
+            rows_.resize(i);  // what stands before it stays
             notify(Aspect::items);
             keyTaken();
         }
         if (columns_.size() > row.sub.size() + 1) {
             row.sub.resize(columns_.size() - 1);
         }
-        rows_.push_back(std::move(row));
     }
     notify(Aspect::items);
 }
@@ -266,9 +274,8 @@ void ListView::remove(std::size_t row)
     if (row >= rows_.size()) {
         outOfRange();
     }
-    keys_.erase(rows_[row].key);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
-    reindex(row);
+    reindex();
     if (selected_ && *selected_ == row) {
         selected_.reset();
     } else if (selected_ && *selected_ > row) {
@@ -280,7 +287,7 @@ void ListView::remove(std::size_t row)
 void ListView::clear()
 {
     rows_.clear();
-    keys_.clear();
+    slots_.clear();
     selected_.reset();
     sortColumn_ = -1;
     notify(Aspect::items);
@@ -288,8 +295,11 @@ void ListView::clear()
 
 std::optional<std::size_t> ListView::find(const std::string& key) const
 {
-    const auto place = keys_.find(key);
-    return place == keys_.end() ? std::nullopt : std::optional(place->second);
+    if (slots_.empty() || key.empty()) {
+        return std::nullopt;
+    }
+    const std::uint32_t place = slots_[slotOf(key)];
+    return place == 0 ? std::nullopt : std::optional<std::size_t>(place - 1);
 }
 
 std::size_t ListView::selectedOrFail() const
@@ -383,18 +393,50 @@ void ListView::sort(std::size_t column, bool ascending)
     }
     rows_ = std::move(sorted);
     selected_ = selected;
-    reindex(0);
+    reindex();
     sortColumn_ = static_cast<int>(column);
     sortAscending_ = ascending;
     notify(Aspect::items);
 }
 
-void ListView::reindex(std::size_t from)
+std::size_t ListView::slotOf(const std::string& key) const
 {
-    for (std::size_t i = from; i < rows_.size(); ++i) {
-        if (!rows_[i].key.empty()) {
-            keys_[rows_[i].key] = i;
+    std::size_t slot = std::hash<std::string>{}(key) & (slots_.size() - 1);
+    while (slots_[slot] != 0 && rows_[slots_[slot] - 1].key != key) {
+        slot = (slot + 1) & (slots_.size() - 1);
+    }
+    return slot;
+}
+
+bool ListView::index(std::size_t row)
+{
+    if (slots_.size() < 2 * rows_.size()) {
+        makeSlots(rows_.size());
+        for (std::size_t before = 0; before < row; ++before) {
+            index(before);
         }
+    }
+    if (rows_[row].key.empty()) {
+        return true;
+    }
+    std::uint32_t& place = slots_[slotOf(rows_[row].key)];
+    if (place != 0) {
+        return false;
+    }
+    place = static_cast<std::uint32_t>(row + 1);
+    return true;
+}
+
+void ListView::makeSlots(std::size_t rows)
+{
+    slots_.assign(std::bit_ceil(2 * rows), 0);
+}
+
+void ListView::reindex()
+{
+    makeSlots(rows_.size());
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        index(row);
     }
 }
 

@@ -150,10 +150,15 @@ public:
     [[nodiscard]] bool sortAscending() const { return sortAscending_; }
 
 private:
-    void reindex(std::size_t from);
+    [[nodiscard]] std::size_t slotOf(const std::string& key) const;  // of its row, or the free one where it would be
+    bool index(std::size_t row);                                     // false for a key that another row has
+    void makeSlots(std::size_t rows);                                // free ones, enough for so many
+    void reindex();
     std::vector<ListColumn> columns_;
     std::vector<ListRow> rows_;
-    std::unordered_map<std::string, std::size_t> keys_;
+    // Rows by their keys: four bytes or eight a row, and the keys stay in the rows. 0 is free, others a position
+    // from 1.
+    std::vector<std::uint32_t> slots_;
     std::optional<std::size_t> selected_;
     int sortColumn_ = -1;
     bool sortAscending_ = true;
