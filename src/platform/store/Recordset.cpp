@@ -107,13 +107,13 @@ Value Recordset::valueAt(std::size_t row, std::size_t column) const
 
 std::string Recordset::textAt(std::size_t row, std::size_t column) const
 {
-    const auto [rows, place] = opened(state_).cell(row, column);
+    const State::Cell cell = opened(state_).cell(row, column);
     std::string text;
-    rows.visit(place, column, [&](auto value) {
+    cell.rows.visit(cell.row, column, [&](auto value) {
         if constexpr (std::is_same_v<decltype(value), std::string_view>) {
             text = value;
         } else if constexpr (!std::is_same_v<decltype(value), std::monostate>) {
-            text = rows.value(place, column, state_->set->columns[column].type).text();
+            text = cell.rows.value(cell.row, column, state_->set->columns[column].type).text();
         }
     });
     return text;
