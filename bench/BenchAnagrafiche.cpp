@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Tempi.h"
 #include "masterdata/frmAggiornamentoListino.h"
 #include "masterdata/modRicerca.h"
 #include "masterdata/modRicercaArticolo.h"
@@ -18,13 +19,6 @@
 namespace bravona {
 
 namespace {
-
-double secondi(const std::function<void()>& lavoro)
-{
-    const auto inizio = std::chrono::steady_clock::now();
-    lavoro();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
 
 constexpr int primoArticolo = 1000;
 

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <functional>
 #include <string>
 
+#include "Tempi.h"
 #include "platform/store/ConnectionImpl.h"
 #include "support/ArchivioTemporaneo.h"
 
@@ -13,22 +12,6 @@
 namespace bravona {
 
 namespace {
-
-double secondi(const std::function<void()>& lavoro)
-{
-    const auto inizio = std::chrono::steady_clock::now();
-    lavoro();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
-
-double migliore(int giri, const std::function<void()>& lavoro)
-{
-    double tempo = 1e9;
-    for (int i = 0; i < giri; ++i) {
-        tempo = std::min(tempo, secondi(lavoro));
-    }
-    return tempo;
-}
 
 constexpr std::array istruzioni = {
     "SELECT * FROM ListiniPrezzi WHERE IDarticolo = 3 AND IDlistino = 2",

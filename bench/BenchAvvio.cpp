@@ -3,10 +3,9 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
-#include <functional>
 
+#include "Tempi.h"
 #include "platform/clock/Clock.h"
 #include "platform/files/Files.h"
 #include "platform/qt/QtDesktop.h"
@@ -20,13 +19,6 @@
 namespace bravona {
 
 namespace {
-
-double secondi(const std::function<void()>& lavoro)
-{
-    const auto inizio = std::chrono::steady_clock::now();
-    lavoro();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
 
 void avvio(benchmark::State& stato)
 {

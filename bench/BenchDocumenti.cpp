@@ -1,11 +1,10 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "Tempi.h"
 #include "documents/clsCalcoli.h"
 #include "platform/store/ConnectionImpl.h"
 #include "platform/values/Numeri.h"
@@ -19,13 +18,6 @@ namespace bravona {
 namespace {
 
 constexpr int righe = 100;
-
-double secondi(const std::function<void()>& lavoro)
-{
-    const auto inizio = std::chrono::steady_clock::now();
-    lavoro();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
 
 // What a registration sends, prepared once and straight to the engine: the number's two questions, the header, its
 // rows, the three questions of the plan and its instalments; then the stock of each row.

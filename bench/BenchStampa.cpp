@@ -4,10 +4,9 @@
 #include <QBuffer>
 #include <QPdfWriter>
 #include <algorithm>
-#include <chrono>
-#include <functional>
 #include <stdexcept>
 
+#include "Tempi.h"
 #include "platform/qt/PagePainter.h"
 #include "printing/arptFatturaImmediatavb.h"
 #include "support/DocumentoDiProva.h"
@@ -19,13 +18,6 @@ namespace bravona {
 namespace {
 
 constexpr int giri = 5;
-
-double secondi(const std::function<void()>& lavoro)
-{
-    const auto inizio = std::chrono::steady_clock::now();
-    lavoro();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
 
 void dipingi(const Pages& pagine)
 {

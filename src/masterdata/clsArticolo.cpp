@@ -2,13 +2,10 @@
 
 #include "platform/text/Text.h"
 #include "platform/values/Numeri.h"
-#include "session/modMain.h"
 
 namespace bravona {
 
 namespace {
-
-constexpr const char* modulo = "Nel modulo: clsArticolo";
 
 std::string testoData(Field campo)
 {
@@ -29,13 +26,15 @@ void clsArticolo::setUnitaMisura(const std::string& unita)
 
 bool clsArticolo::RichiamaArticolo(std::int32_t id)
 {
-    try {
+    bool trovato = false;
+    const bool letto = protetto("RichiamaArticolo", [&] {
         Recordset record = DataBase->open(
             "SELECT Articoli.*, TabellaCodiciIva.CodiceIva, TabellaCodiciIva.AliquotaIva FROM Articoli INNER JOIN "
             "TabellaCodiciIva ON Articoli.IDCodiceIva = TabellaCodiciIva.IDCodiceIva WHERE Articoli.IDArticolo = " +
             std::to_string(id));
-        if (record.eof()) {
-            return false;
+        trovato = !record.eof();
+        if (!trovato) {
+            return;
         }
         IDArticolo = record["IDArticolo"].asLong();
         CodiceMagazzino = record["CodiceMagazzino"].text();
@@ -60,11 +59,8 @@ bool clsArticolo::RichiamaArticolo(std::int32_t id)
         Immagine = record["Immagine"].text();
         CodiceIva = record["CodiceIva"].text();
         AliquotaIva = record["AliquotaIva"].doubleOr(0);
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RichiamaArticolo");
-        return false;
-    }
+    });
+    return letto && trovato;
 }
 
 void clsArticolo::scrivi(Recordset& record) const
@@ -93,48 +89,21 @@ void clsArticolo::scrivi(Recordset& record) const
 
 bool clsArticolo::RegistraArticolo()
 {
-    try {
-        Recordset record = DataBase->openTable("Articoli");
-        record.addNew();
-        scrivi(record);
-        record.update();
-        IDArticolo = record["IDArticolo"].asLong();
-        return true;
-    } catch (const Errore& errore) {
-        if (errore.numero() == errori::chiaveDuplicata) {
-            sessione_.desktop().inform("Attenzione! Il Codice Articolo inserito e' gia' presente in archivio.\n"
-                                       "Cambiare Codice Articolo per registrare il nuovo record",
-                                       "Cliente");
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RegistraArticolo");
-        }
-        return false;
-    }
+    return inserisci("RegistraArticolo", "Articoli", "IDArticolo", IDArticolo,
+                     {"Cliente",
+                      "Attenzione! Il Codice Articolo inserito e' gia' presente in archivio.\n"
+                      "Cambiare Codice Articolo per registrare il nuovo record",
+                      {}});
 }
 
 bool clsArticolo::ModificaArticolo(std::int32_t id)
 {
-    try {
-        Recordset record =
-            DataBase->open("SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id), OpenMode::updatable);
-        scrivi(record);
-        record.update();
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: ModificaArticolo");
-        return false;
-    }
+    return modifica("ModificaArticolo", "SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
 }
 
 bool clsArticolo::EliminaArticolo(std::int32_t id)
 {
-    try {
-        DataBase->execute("DELETE * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: EliminaArticolo");
-        return false;
-    }
+    return elimina("EliminaArticolo", "DELETE * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
 }
 
 }  // namespace bravona

@@ -3,24 +3,23 @@
 #include <cstdint>
 #include <string>
 
+#include "masterdata/RigaDiTabella.h"
 #include "platform/values/Currency.h"
-#include "session/Sessione.h"
 
 namespace bravona {
 
 // One row of Articoli with its VAT code. The operations answer false after having told the person why.
-class clsArticolo {
+class clsArticolo final : public RigaDiTabella {
 public:
     static constexpr const char* nessunaData = "00/00/0000";  // how no date is shown
 
-    explicit clsArticolo(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
+    explicit clsArticolo(Sessione& sessione) : RigaDiTabella(sessione, "clsArticolo") {}
 
     Currency ScaricoValore, CaricoValore;
     double QuantitaMinima = 0, Giacenza = 0, Scarico = 0, Carico = 0;
     Currency CostoUltimo, CostoMedio;
     // dd/mm/yyyy; Null is read as "00/00/0000", which, like the empty text, is stored as Null.
     std::string DataUltimoScarico, DataUltimoCarico, DataPrimoCarico;
-    Connection* DataBase;
     std::string Immagine;  // path
     std::int32_t IDArticolo = 0, IDCodiceIva = 0;
     std::string DescrizioneSecondariaDue, DescrizioneSecondariaUno, DescrizionePrincipale, CodiceBarreFornitore,
@@ -39,8 +38,7 @@ public:
     bool EliminaArticolo(std::int32_t id);
 
 private:
-    void scrivi(Recordset& record) const;
-    Sessione& sessione_;
+    void scrivi(Recordset& record) const override;
     std::string unitaMisura_ = "Pz";
 };
 

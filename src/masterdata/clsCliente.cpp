@@ -1,14 +1,10 @@
 #include "masterdata/clsCliente.h"
 
-#include "session/modMain.h"
-
 namespace bravona {
 
 namespace {
 
 constexpr const char* titoloAnagrafica = "Anagrafica Clienti";
-constexpr const char* modulo = "Nel modulo: clsCliente";
-
 std::string riga(std::int32_t id)
 {
     return "SELECT * FROM CLienti WHERE IDcliente = " + std::to_string(id);
@@ -18,7 +14,7 @@ std::string riga(std::int32_t id)
 
 bool clsCliente::RichiamaCliente(std::int32_t id)
 {
-    try {
+    return protetto("RichiamaCliente", [&] {
         Recordset record = DataBase->open(riga(id));
         IDCliente = record["IDCliente"].asLong();
         Cliente = record["Cliente"].text();
@@ -49,11 +45,7 @@ bool clsCliente::RichiamaCliente(std::int32_t id)
         NoteGeneriche = record["NoteGeneriche"].text();
         VisualizzaNoteSuDocumenti =
             !record["VisualizzaNoteSuDocumenti"].isNull() && record["VisualizzaNoteSuDocumenti"].asBool();
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RichiamaCliente");
-        return false;
-    }
+    });
 }
 
 void clsCliente::scrivi(Recordset& record) const
@@ -89,49 +81,21 @@ void clsCliente::scrivi(Recordset& record) const
 
 bool clsCliente::RegistraCliente()
 {
-    try {
-        Recordset record = DataBase->openTable("Clienti");
-        record.addNew();
-        scrivi(record);
-        record.update();
-        IDCliente = record["IDCliente"].asLong();
-        return true;
-    } catch (const Errore& errore) {
-        if (errore.numero() == errori::chiaveDuplicata) {
-            sessione_.desktop().inform("Impossibile registrare il cliente in quanto è gia presente un cliente con la "
-                                       "stessa denominazione",
-                                       titoloAnagrafica);
-        } else if (errore.numero() == errori::testoObbligatorioVuoto) {
-            sessione_.desktop().inform("Inserire almeno la denominazione del cliente!", titoloAnagrafica);
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: RegistraCliente");
-        }
-        return false;
-    }
+    return inserisci("RegistraCliente", "Clienti", "IDCliente", IDCliente,
+                     {titoloAnagrafica,
+                      "Impossibile registrare il cliente in quanto è gia presente un cliente con la "
+                      "stessa denominazione",
+                      "Inserire almeno la denominazione del cliente!"});
 }
 
 bool clsCliente::ModificaCliente(std::int32_t id)
 {
-    try {
-        Recordset record = DataBase->open(riga(id), OpenMode::updatable);
-        scrivi(record);
-        record.update();
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: ModificaCliente");
-        return false;
-    }
+    return modifica("ModificaCliente", riga(id));
 }
 
 bool clsCliente::EliminaCliente(std::int32_t id)
 {
-    try {
-        DataBase->execute("DELETE * FROM CLienti WHERE IDcliente = " + std::to_string(id));
-        return true;
-    } catch (const Errore& errore) {
-        MostraErroreStandard(sessione_.desktop(), errore, modulo, "Nella routine: EliminaCliente");
-        return false;
-    }
+    return elimina("EliminaCliente", "DELETE * FROM CLienti WHERE IDcliente = " + std::to_string(id));
 }
 
 }  // namespace bravona

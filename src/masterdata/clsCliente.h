@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <string>
 
-#include "session/Sessione.h"
+#include "masterdata/RigaDiTabella.h"
 
 namespace bravona {
 
 // One row of Clienti, customer or supplier. The operations answer false after having told the person why.
-class clsCliente {
+class clsCliente final : public RigaDiTabella {
 public:
-    explicit clsCliente(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
+    explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
 
     bool VisualizzaNoteSuDocumenti = false;
     std::string NoteGeneriche, EstremiEsenzioneIVA, DescrizioneEsenzioneIVA;
@@ -20,16 +20,13 @@ public:
     std::string CAB, ABI, Banca, Tipo, Stato, CodiceFiscale, PartitaIva, PostaElettronica, Fax, TelefonoCellulare,
         Telefono, Cap, Provincia, Citta, Indirizzo, ClienteSecondaRiga, Cliente;
     std::int32_t IDCliente = 0;
-    Connection* DataBase;
-
     bool RichiamaCliente(std::int32_t id);
     bool RegistraCliente();  // inserts; `IDCliente` is the new key
     bool ModificaCliente(std::int32_t id);
     bool EliminaCliente(std::int32_t id);
 
 private:
-    void scrivi(Recordset& record) const;
-    Sessione& sessione_;
+    void scrivi(Recordset& record) const override;
 };
 
 }  // namespace bravona

@@ -3,16 +3,14 @@
 #include <cstdint>
 #include <string>
 
-#include "session/Sessione.h"
+#include "masterdata/RigaDiTabella.h"
 
 namespace bravona {
 
 // One row of Comuni. The operations answer false after having told the person why.
-class clsComuni {
+class clsComuni final : public RigaDiTabella {
 public:
-    explicit clsComuni(Sessione& sessione) : DataBase(&sessione.cn), sessione_(sessione) {}
-
-    Connection* DataBase;
+    explicit clsComuni(Sessione& sessione) : RigaDiTabella(sessione, "clsComuni") {}
 
     bool RegistraComune();  // inserts; `IDCodiceComune` is the new key
     bool RichiamaComune(std::int32_t id);
@@ -23,8 +21,7 @@ public:
     std::int32_t IDCodiceComune = 0;
 
 private:
-    void scrivi(Recordset& record) const;
-    Sessione& sessione_;
+    void scrivi(Recordset& record) const override;
 };
 
 }  // namespace bravona

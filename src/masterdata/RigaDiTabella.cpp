@@ -1,0 +1,60 @@
+#include "masterdata/RigaDiTabella.h"
+
+#include "session/modMain.h"
+
+namespace bravona {
+
+void RigaDiTabella::riferisci(const Errore& errore, const char* routine) const
+{
+    MostraErroreStandard(sessione_.desktop(), errore, "Nel modulo: " + modulo_,
+                         std::string("Nella routine: ") + routine);
+}
+
+bool RigaDiTabella::protetto(const char* routine, const std::function<void()>& lavoro) const
+{
+    try {
+        lavoro();
+        return true;
+    } catch (const Errore& errore) {
+        riferisci(errore, routine);
+        return false;
+    }
+}
+
+bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
+                              const Rifiuti& rifiuti) const
+{
+    try {
+        Recordset record = DataBase->openTable(tabella);
+        record.addNew();
+        scrivi(record);
+        record.update();
+        id = record[chiave].asLong();
+        return true;
+    } catch (const Errore& errore) {
+        if (errore.numero() == errori::chiaveDuplicata) {
+            sessione_.desktop().inform(rifiuti.doppione, rifiuti.titolo);
+        } else if (errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
+            sessione_.desktop().inform(rifiuti.senzaNome, rifiuti.titolo);
+        } else {
+            riferisci(errore, routine);
+        }
+        return false;
+    }
+}
+
+bool RigaDiTabella::modifica(const char* routine, const std::string& selezione) const
+{
+    return protetto(routine, [&] {
+        Recordset record = DataBase->open(selezione, OpenMode::updatable);
+        scrivi(record);
+        record.update();
+    });
+}
+
+bool RigaDiTabella::elimina(const char* routine, const std::string& istruzione) const
+{
+    return protetto(routine, [&] { DataBase->execute(istruzione); });
+}
+
+}  // namespace bravona

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "session/Sessione.h"
+
+namespace bravona {
+
+// One row of a table of master data. The operations answer false after having told the person why.
+class RigaDiTabella {
+public:
+    Connection* DataBase;
+
+protected:
+    // What an insertion tells when the store refuses the row.
+    struct Rifiuti {
+        std::string titolo;
+        std::string doppione;
+        std::string senzaNome;  // empty: told as any other failure
+    };
+
+    RigaDiTabella(Sessione& sessione, std::string modulo)
+        : DataBase(&sessione.cn),
+          sessione_(sessione),
+          modulo_(std::move(modulo))
+    {}
+    RigaDiTabella(const RigaDiTabella&) = default;
+    ~RigaDiTabella() = default;
+
+    // Runs `lavoro`; a failure is told in the standard form with the name of the routine.
+    bool protetto(const char* routine, const std::function<void()>& lavoro) const;
+    bool inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
+                   const Rifiuti& rifiuti) const;
+    bool modifica(const char* routine, const std::string& selezione) const;
+    bool elimina(const char* routine, const std::string& istruzione) const;
+
+private:
+    virtual void scrivi(Recordset& record) const = 0;
+    void riferisci(const Errore& errore, const char* routine) const;
+
+    Sessione& sessione_;
+    std::string modulo_;
+};
+
+}  // namespace bravona
