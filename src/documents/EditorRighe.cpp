@@ -300,6 +300,20 @@ void EditorRighe::AggiornaTotali()
     righeValide_ = calcoli_.NumeroRigheValide();
 }
 
+bool EditorRighe::CodiciIvaPresenti()
+{
+    for (int gruppo = 1; gruppo <= clsCalcoli::numeroGruppi; ++gruppo) {
+        const std::string codice = calcoli_.GetCodiceAliquotaIVA(gruppo);
+        if (!codice.empty() && sessione_.TabellaIva->GetIDAliquotaIvaFromCodice(codice) == 0) {
+            sessione_.desktop().inform("Il codice IVA " + codice + " non è più nella tabella dei codici IVA.\n" +
+                                           "Cambiare il codice delle righe che lo usano.",
+                                       regole_.titolo);
+            return false;
+        }
+    }
+    return true;
+}
+
 // A code just typed, with nothing else yet: Enter looks it up instead of running the command.
 bool EditorRighe::codiceDaCercare() const
 {

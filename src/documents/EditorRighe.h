@@ -83,6 +83,9 @@ public:
 
     // Errore 9 for a sixth VAT code, 13 for a row total that cannot be read.
     void AggiornaTotali();
+    // False, after having told it: a code of the rows has been deleted from the table since, and would count as 0 %.
+    // To be asked after the totals.
+    [[nodiscard]] bool CodiciIvaPresenti();
     void AnnullaDettaglio();  // leaves the row-edit state
     void PulisciCampiRiga();
     [[nodiscard]] std::string NuovaChiaveRiga() { return std::to_string(++ultimaChiave_); }

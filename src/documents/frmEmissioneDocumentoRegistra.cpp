@@ -110,8 +110,9 @@ std::int32_t frmEmissioneDocumento::scriviTestata(std::int32_t numero)
 void frmEmissioneDocumento::RegistraDocumento()
 {
     cliente.mostraNome();
+    sessione_.TabellaIva->Refresh();
     righe.AggiornaTotali();
-    if (!ControllaDatiDocumento())
+    if (!ControllaDatiDocumento() || !righe.CodiciIvaPresenti())
         return;
     std::int32_t numero = 0;
     if (!NumeroDisponibile(numero))
@@ -155,7 +156,7 @@ void frmEmissioneDocumento::documentoRegistrato()
     registrato_ = true;
     pulsantiPredefiniti();
     cmdDocumento[stampa].setFocus();
-    Annuncia(sessione_, caption() + " registrato");
+    Annuncia(sessione_, "Documento registrato: " + caption());
 }
 
 void frmEmissioneDocumento::StampaDocumento()

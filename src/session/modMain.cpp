@@ -12,6 +12,7 @@ namespace bravona {
 namespace {
 
 constexpr std::int32_t versioneArchivio = 3;
+constexpr std::uint32_t archivioInUso = 3218;  // by another program: not its own fault
 
 // Settings of a wrong form lead to no message: what is too big for a number counts as 0.
 double numeroImpostazione(const std::string& testo)
@@ -53,6 +54,17 @@ std::int32_t massimoPiuUno(Sessione& sessione, const std::string& istruzione)
     return ultimo + 1;
 }
 
+bool siApre(const std::string& percorso)
+{
+    try {
+        Connection prova;
+        prova.open(percorso, passwordArchivio);
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 void mostraErrore(Desktop& desktop, const std::string& testo)
 {
     desktop.critical(testo, titoloErrore);
@@ -91,11 +103,13 @@ void VerificaCartelle(Sessione& sessione)
 std::string RilevaPercorsoDB(Sessione& sessione)
 {
     std::string percorso = sessione.settings().get("Impostazioni", "PercorsoDB");
+    const bool rifiutato =
+        !percorso.empty() && percorso == sessione.settings().get("Avvio", "ArchivioRifiutato") && !siApre(percorso);
     const std::string predefinito = Files::native(sessione.cartellaProgramma() + "\\dbbveuro.mdb");
     if (percorso.empty() && sessione.files().exists(predefinito)) {
         percorso = predefinito;
-    } else if (percorso.empty() || !sessione.files().exists(percorso)) {
-        // A stored path whose file has gone is never replaced silently.
+    } else if (percorso.empty() || rifiutato || !sessione.files().exists(percorso)) {
+        // A stored path whose file has gone, or ended the last start, is never replaced silently.
         sessione.desktop().inform("E' necessario selezionare il percorso del database per Bravona", "Bravona");
         percorso = frmDialogBox(sessione).SelezioneDB();
         if (percorso.empty()) {
@@ -112,7 +126,15 @@ std::string RilevaPercorsoDB(Sessione& sessione)
 
 void ApriConnessione(Sessione& sessione, const std::string& percorso)
 {
-    sessione.cn.open(percorso, passwordArchivio);
+    try {
+        sessione.cn.open(percorso, passwordArchivio);
+    } catch (const Errore& errore) {
+        // The next start asks for another archive rather than end like this one.
+        if (errore.numero() != archivioInUso) {
+            sessione.settings().save("Avvio", "ArchivioRifiutato", percorso);
+        }
+        throw;
+    }
     {
         Recordset versione =
             sessione.cn.open("SELECT TOP 1 Versione, DataAggiornamento FROM VersioneDB;", OpenMode::updatable);

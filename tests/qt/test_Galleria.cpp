@@ -27,8 +27,9 @@ void salva(QWidget& widget, const QString& nome, double rapporto)
     image.setDevicePixelRatio(rapporto);
     image.fill(Qt::transparent);
     widget.render(&image);
-    QDir().mkpath(QStringLiteral("galleria"));
-    ASSERT_TRUE(image.save(QStringLiteral("galleria/") + nome + QStringLiteral(".png")));
+    const QDir cartella(QApplication::applicationDirPath() + QStringLiteral("/../galleria"));
+    ASSERT_TRUE(cartella.mkpath(QStringLiteral(".")));
+    ASSERT_TRUE(image.save(cartella.filePath(nome + QStringLiteral(".png"))));
 }
 
 class Galleria : public testing::TestWithParam<bool> {

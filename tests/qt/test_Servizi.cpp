@@ -57,6 +57,8 @@ TEST(PostiDelleFinestre, SiRitrovanoDaUnAvvioAllAltro)
         WindowPlaces posti(&impostazioni.store());
         posti.setPlace(QStringLiteral("frmX"), {QRect(10, 20, 300, 200), true});
         posti.setWidths(QStringLiteral("frmX.lvw"), {10, 200, 0});
+        posti.setFolder(QStringLiteral("Documenti"), cartella.path());
+        posti.setFolder(QStringLiteral("Sparita"), cartella.filePath(QStringLiteral("mai fatta")));
     }
     QtSettings impostazioni(file);
     const WindowPlaces posti(&impostazioni.store());
@@ -64,6 +66,9 @@ TEST(PostiDelleFinestre, SiRitrovanoDaUnAvvioAllAltro)
     EXPECT_EQ(posti.place(QStringLiteral("frmX"))->rect, QRect(10, 20, 300, 200));
     EXPECT_TRUE(posti.place(QStringLiteral("frmX"))->maximised);
     EXPECT_EQ(posti.widths(QStringLiteral("frmX.lvw")), (std::vector<int>{10, 200, 0}));
+    EXPECT_EQ(posti.folder(QStringLiteral("Documenti")), cartella.path());
+    EXPECT_EQ(posti.folder(QStringLiteral("Sparita")), QString());
+    EXPECT_EQ(posti.folder(QStringLiteral("Mai")), QString());
     impostazioni.store().setValue(QStringLiteral("Finestre/frmY"), QStringLiteral("1 2 guasto"));
     EXPECT_FALSE(posti.place(QStringLiteral("frmY")).has_value());
 }

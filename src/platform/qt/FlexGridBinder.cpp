@@ -86,7 +86,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
         return toQt(records->text(0, section));
     }
     if (role == Qt::TextAlignmentRole) {
-        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+        return static_cast<int>(alignment(records->colAlignment(section)));
     }
     return {};
 }

@@ -112,7 +112,7 @@ void ListViewBinder::followColumns()
         const int section = static_cast<int>(i);
         const int told = c().columns()[i].width;
         view_->header()->setSectionHidden(section, told == 0);
-        wanted_[i] = kept.size() == wanted_.size() ? kept[i] : theme::twips(told);
+        wanted_[i] = kept.size() == wanted_.size() ? kept[i] : std::max(theme::twips(told), headingWidth(i));
         if (told != 0) {
             view_->header()->resizeSection(section, wanted_[i]);
         }
@@ -123,6 +123,11 @@ void ListViewBinder::followColumns()
     fitColumns();
     followSort();
     followSelection();
+}
+
+int ListViewBinder::headingWidth(std::size_t column) const
+{
+    return view_->fontMetrics().horizontalAdvance(toQt(c().columns()[column].caption)) + theme::pixels(22);
 }
 
 // The first rows decide; the width told by the screen is the least where there is room.
@@ -136,7 +141,7 @@ void ListViewBinder::fitColumns()
     const QFontMetrics metrics = view_->fontMetrics();
     const int padding = theme::pixels(14);
     for (std::size_t i = 0; i < wanted_.size(); ++i) {
-        int width = metrics.horizontalAdvance(toQt(c().columns()[i].caption)) + padding + theme::pixels(8);
+        int width = headingWidth(i);
         for (std::size_t row = 0; row < std::min(sample, c().rowCount()); ++row) {
             if (i <= c().row(row).sub.size()) {
                 width = std::max(width, metrics.horizontalAdvance(oneLine(c().row(row).cell(i))) + padding);
@@ -184,9 +189,7 @@ void ListViewBinder::shareSpareWidth()
         int width = wanted_[i];
         if (i == widest) {
             // Rather a shorter text than a scroll bar, within reason.
-            const int heading =
-                view_->fontMetrics().horizontalAdvance(toQt(c().columns()[i].caption)) + theme::pixels(22);
-            const int least = std::max(theme::pixels(120), heading);
+            const int least = std::max(theme::pixels(120), headingWidth(i));
             width += spare >= 0 ? spare : std::max(spare, std::min(0, least - width));
         }
         if (c().columns()[i].width != 0 && view_->header()->sectionSize(static_cast<int>(i)) != width) {

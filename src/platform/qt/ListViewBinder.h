@@ -26,6 +26,7 @@ private:
     void shareSpareWidth();
     void saveWidths();
     [[nodiscard]] QString widthsKey() const;
+    [[nodiscard]] int headingWidth(std::size_t column) const;  // pixels that its caption takes
     ListWidget* view_;
     ListViewModel* model_;
     std::vector<int> wanted_;  // widths as fitted, before the spare room is shared

@@ -11,6 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Conversions.h"
@@ -204,9 +205,22 @@ std::optional<std::string> QtDesktop::saveFile(const FileDialog& dialog, const s
     if (hooks.saveFile) {
         return hooks.saveFile(dialog, name);
     }
-    const std::string start = dialog.folder.empty() ? name : dialog.folder + "/" + name;
-    return chosen(
-        QFileDialog::getSaveFileName(frontWindow(), toQt(dialog.title), toQt(start), filterOf(dialog.filter)));
+    QString folder = toQt(dialog.folder);
+    if (folder.isEmpty()) {
+        folder = places().folder(QStringLiteral("Documenti"));
+    }
+    if (folder.isEmpty()) {
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    }
+    if (!QFileInfo(folder).isDir()) {
+        folder = QDir::homePath();
+    }
+    const QString path = QFileDialog::getSaveFileName(frontWindow(), toQt(dialog.title), folder + "/" + toQt(name),
+                                                      filterOf(dialog.filter));
+    if (!path.isEmpty() && dialog.folder.empty()) {
+        places().setFolder(QStringLiteral("Documenti"), QFileInfo(path).absolutePath());
+    }
+    return chosen(path);
 }
 
 std::optional<std::string> QtDesktop::chooseFolder(const std::string& title, const std::string& folder)

@@ -1,5 +1,6 @@
 #include "platform/qt/WindowPlaces.h"
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
 
@@ -70,6 +71,23 @@ void WindowPlaces::setWidths(const QString& list, const std::vector<int>& widths
     widths_[list] = widths;
     if (store_ != nullptr) {
         store_->setValue(QStringLiteral("Colonne/") + list, text(widths));
+    }
+}
+
+QString WindowPlaces::folder(const QString& kind) const
+{
+    const auto known = folders_.find(kind);
+    const QString kept = known != folders_.end() ? known->second
+                         : store_ == nullptr     ? QString()
+                                                 : store_->value(QStringLiteral("Cartelle/") + kind).toString();
+    return QFileInfo(kept).isDir() ? kept : QString();
+}
+
+void WindowPlaces::setFolder(const QString& kind, const QString& folder)
+{
+    folders_[kind] = folder;
+    if (store_ != nullptr) {
+        store_->setValue(QStringLiteral("Cartelle/") + kind, folder);
     }
 }
 
