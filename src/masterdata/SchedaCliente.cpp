@@ -147,7 +147,7 @@ Layout SchedaCliente::paginaCondizioni(std::vector<Layout> accantoPagamenti)
 {
     using namespace layout;
     auto& campo = txtAnagrafica;
-    std::vector<Layout> righe{line("Ba&nca", of(campo[10])),
+    std::vector<Layout> righe{line("Banca", of(campo[10])),
                               line("AB&I", row({of(campo[11]), form({line("CAB", of(campo[12]))}), stretch()}))};
     for (Layout& riga : accantoPagamenti) {
         righe.push_back(std::move(riga));
