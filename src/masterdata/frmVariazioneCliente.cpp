@@ -34,12 +34,14 @@ frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
     Combo2.width = 23;
     txtCercaCliente.grows = true;
     lblRicerca_.style = TextStyle::hint;
-    txtCercaCliente.onKeyDown = [this](KeyEvent& evento) {
+    const auto invioCerca = [this](KeyEvent& evento) {
         if (evento.key == Key::enter) {
             evento.drop();
             Ricerca();
         }
     };
+    Combo2.onKeyDown = invioCerca;
+    txtCercaCliente.onKeyDown = invioCerca;
     lblModalitaPagamento.sunken = true;
     cmdCliente[0].onClick = [this] { Aggiorna(); };
     cmdCliente[1].onClick = [this] { unload(); };

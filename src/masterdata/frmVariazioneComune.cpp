@@ -23,12 +23,14 @@ frmVariazioneComune::frmVariazioneComune(Sessione& sessione)
     cboCampoDiRicerca.setListIndex(0);
     cboCampoDiRicerca.width = 12;
     txtCercaComune.grows = true;
-    txtCercaComune.onKeyDown = [this](KeyEvent& evento) {
+    const auto invioCerca = [this](KeyEvent& evento) {
         if (evento.key == Key::enter) {
             evento.drop();
             Ricerca();
         }
     };
+    cboCampoDiRicerca.onKeyDown = invioCerca;
+    txtCercaComune.onKeyDown = invioCerca;
     lblRicerca_.style = TextStyle::hint;
     Command1.setVisible(false);
     Command1.onClick = [this] { Inserisce(); };
