@@ -42,6 +42,13 @@ frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
     };
     Combo2.onKeyDown = invioCerca;
     txtCercaCliente.onKeyDown = invioCerca;
+    List1.setToolTip("Canc toglie la scelta");
+    List1.onKeyDown = [this](KeyEvent& evento) {
+        if (evento.key == Key::del) {
+            evento.drop();
+            List1.setListIndex(-1);
+        }
+    };
     lblModalitaPagamento.sunken = true;
     cmdCliente[0].onClick = [this] { Aggiorna(); };
     cmdCliente[1].onClick = [this] { unload(); };
