@@ -117,22 +117,29 @@ void frmVariazioneCliente::carica(std::int32_t id)
     if (!letto.RichiamaCliente(id)) {
         return;
     }
+    // Saving rewrites the destinations from the list: a party whose list could not be read must not be there to save.
+    const std::string pagamento = DescrizioneModalitaPagamento(sessione(), letto.IDpagamento);
+    if (!CaricaElenco(id)) {
+        return;
+    }
     caricato_.emplace(letto);
     mostra(letto);
-    lblModalitaPagamento.setCaption(DescrizioneModalitaPagamento(sessione(), letto.IDpagamento));
-    CaricaElenco();
+    lblModalitaPagamento.setCaption(pagamento);
     fuocoSuPagina();
 }
 
-void frmVariazioneCliente::CaricaElenco()
+// False after having told the failure.
+bool frmVariazioneCliente::CaricaElenco(std::int32_t id)
 {
     try {
-        CaricaElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, caricato_->IDCliente);
+        CaricaElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
     } catch (const Errore& errore) {
         if (errore.numero() != errori::nessunRecordCorrente) {
             MostraErroreStandard(desktop(), errore, modulo, "Routine: CaricaElencoDestinazioni");
+            return false;
         }
     }
+    return true;
 }
 
 void frmVariazioneCliente::svuota()

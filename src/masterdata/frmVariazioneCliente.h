@@ -28,7 +28,7 @@ private:
     void Aggiorna();
     [[nodiscard]] bool registra(clsCliente& cliente);
     [[nodiscard]] bool RegistraDestinazioniMerce();
-    void CaricaElenco();
+    [[nodiscard]] bool CaricaElenco(std::int32_t id);
     [[nodiscard]] bool puoAggiungere();
     [[nodiscard]] bool eliminaDestinazione(const std::string& chiave);
     void svuota();

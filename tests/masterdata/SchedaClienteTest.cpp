@@ -114,6 +114,36 @@ TEST_F(Scheda, APartyDeletedMeanwhileLeavesNothingToSave)
     EXPECT_FALSE(sessione.cn.inTransaction());
 }
 
+class LetturaFallita : public Scheda, public testing::WithParamInterface<const char*> {};
+
+TEST_P(LetturaFallita, LeavesNobodyWhoseDestinationsCouldBeSavedAway)
+{
+    esegui("INSERT INTO ModalitaPagamento (IDmodalitaPagamento, ModalitaPagamento) VALUES (5, 'Contanti')");
+    esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo, IDpagamento) VALUES (7, 'Rossi', "
+           "'Via Po 1', 'Torino', 'C', 5)");
+    esegui("INSERT INTO DestinazioneMerceClienti (IDDestinazione, IDCliente, Destinazione) VALUES (8, 7, 'Ufficio')");
+    auto& scheda = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
+    scheda.show();
+    const std::string tabella = GetParam();
+    sessione.cn.executeNative("ALTER TABLE " + tabella + " RENAME TO Altrove");
+    scheda.txtCercaCliente.setText("ros");
+    utente.key(Key::f3);
+    sessione.cn.executeNative("ALTER TABLE Altrove RENAME TO " + tabella);
+    ASSERT_NE(ultimoMessaggio().find("3078"), std::string::npos) << ultimoMessaggio();
+    EXPECT_EQ(scheda.txtAnagrafica[0].text(), "");
+
+    const std::size_t messaggi = utente.boxCount();
+    utente.click(scheda.cmdCliente[0]);
+    EXPECT_EQ(utente.boxCount(), messaggi) << "nobody is there to be saved";
+    EXPECT_EQ(riga("SELECT IDDestinazione FROM DestinazioneMerceClienti"), "8");
+    // The next search finds all of it.
+    utente.key(Key::f3);
+    EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Rossi");
+    EXPECT_EQ(scheda.lblModalitaPagamento.caption(), "Contanti");
+    EXPECT_EQ(scheda.destinazioni.lvwDestinazioni.rowCount(), 1U);
+}
+INSTANTIATE_TEST_SUITE_P(Tabelle, LetturaFallita, testing::Values("DestinazioneMerceClienti", "ModalitaPagamento"));
+
 TEST_F(Scheda, TheNextPartyOffersNoMethodWhereThereIsNone)
 {
     auto& nuova = sessione.schermate().as<frmRegistraCliente>("frmRegistraCliente");
