@@ -45,6 +45,7 @@ bool clsCliente::RichiamaCliente(std::int32_t id)
         NoteGeneriche = record["NoteGeneriche"].text();
         VisualizzaNoteSuDocumenti =
             !record["VisualizzaNoteSuDocumenti"].isNull() && record["VisualizzaNoteSuDocumenti"].asBool();
+        Listino.clear();
     });
 }
 

@@ -20,6 +20,7 @@ public:
     std::string CAB, ABI, Banca, Tipo, Stato, CodiceFiscale, PartitaIva, PostaElettronica, Fax, TelefonoCellulare,
         Telefono, Cap, Provincia, Citta, Indirizzo, ClienteSecondaRiga, Cliente;
     std::int32_t IDCliente = 0;
+    std::string Listino;  // how the price list is called; not in the row, empty when it was read
     bool RichiamaCliente(std::int32_t id);
     bool RegistraCliente();  // inserts; `IDCliente` is the new key
     bool ModificaCliente(std::int32_t id);

@@ -103,6 +103,16 @@ TEST_F(Cliente, NullsAreReadAsNothing)
     EXPECT_EQ(tutti(letto), "Solo||||||||||||||||||||0|0|0|0|0|0|0|");
 }
 
+TEST_F(Cliente, ThePriceListOfAnotherPartyKeepsNoName)
+{
+    clsCliente scritto = pieno(sessione);
+    ASSERT_TRUE(scritto.RegistraCliente());
+    clsCliente letto(sessione);
+    letto.Listino = "Listino 2";
+    ASSERT_TRUE(letto.RichiamaCliente(1));
+    EXPECT_EQ(letto.Listino, "");
+}
+
 TEST_F(Cliente, RefusalsOfTheStoreAreToldInItsOwnWords)
 {
     clsCliente cliente = pieno(sessione);
