@@ -1,5 +1,7 @@
 #include "masterdata/RigaDiTabella.h"
 
+#include <optional>
+
 #include "session/modMain.h"
 
 namespace bravona {
@@ -22,17 +24,31 @@ bool RigaDiTabella::protetto(const char* routine, const std::function<void()>& l
 }
 
 bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
-                              const Rifiuti& rifiuti) const
+                              const Rifiuti& rifiuti, const Seguito& seguito) const
 {
+    bool inserita = false;
     try {
+        std::optional<Transaction> transazione;
+        if (seguito) {
+            transazione.emplace(*DataBase);
+        }
         Recordset record = DataBase->openTable(tabella);
         record.addNew();
         scrivi(record);
         record.update();
-        id = record[chiave].asLong();
+        inserita = true;
+        const std::int32_t nuova = record[chiave].asLong();
+        if (seguito) {
+            seguito(nuova);
+            transazione->commit();
+        }
+        id = nuova;
         return true;
     } catch (const Errore& errore) {
-        if (errore.numero() == errori::chiaveDuplicata) {
+        // The transaction is over: nobody else waits for as long as a box stands.
+        if (inserita) {
+            riferisci(errore, routine);
+        } else if (errore.numero() == errori::chiaveDuplicata) {
             sessione_.desktop().inform(rifiuti.doppione, rifiuti.titolo);
         } else if (errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
             sessione_.desktop().inform(rifiuti.senzaNome, rifiuti.titolo);

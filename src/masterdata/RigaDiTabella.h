@@ -11,6 +11,9 @@ namespace bravona {
 // One row of a table of master data. The operations answer false after having told the person why.
 class RigaDiTabella {
 public:
+    // What is written behind a new row of that key: the row and this are stored together or not at all.
+    using Seguito = std::function<void(std::int32_t id)>;
+
     Connection* DataBase;
 
 protected:
@@ -32,7 +35,7 @@ protected:
     // Runs `lavoro`; a failure is told in the standard form with the name of the routine.
     bool protetto(const char* routine, const std::function<void()>& lavoro) const;
     bool inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
-                   const Rifiuti& rifiuti) const;
+                   const Rifiuti& rifiuti, const Seguito& seguito = {}) const;
     bool modifica(const char* routine, const std::string& selezione) const;
     bool elimina(const char* routine, const std::string& istruzione) const;
 

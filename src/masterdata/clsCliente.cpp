@@ -80,13 +80,14 @@ void clsCliente::scrivi(Recordset& record) const
     record["VisualizzaNoteSuDocumenti"] = VisualizzaNoteSuDocumenti;
 }
 
-bool clsCliente::RegistraCliente()
+bool clsCliente::RegistraCliente(const Seguito& seguito)
 {
     return inserisci("RegistraCliente", "Clienti", "IDCliente", IDCliente,
                      {titoloAnagrafica,
                       "Impossibile registrare il cliente in quanto è gia presente un cliente con la "
                       "stessa denominazione",
-                      "Inserire almeno la denominazione del cliente!"});
+                      "Inserire almeno la denominazione del cliente!"},
+                     seguito);
 }
 
 bool clsCliente::ModificaCliente(std::int32_t id)

@@ -22,7 +22,7 @@ public:
     std::int32_t IDCliente = 0;
     std::string Listino;  // how the price list is called; not in the row, empty when it was read
     bool RichiamaCliente(std::int32_t id);
-    bool RegistraCliente();  // inserts; `IDCliente` is the new key
+    bool RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
     bool ModificaCliente(std::int32_t id);
     bool EliminaCliente(std::int32_t id);
 

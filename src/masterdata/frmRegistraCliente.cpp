@@ -77,17 +77,9 @@ void frmRegistraCliente::Registra()
     if (!leggi(nuovo)) {
         return;
     }
-    {
-        // A party whose destinations fail must not be left behind: the next attempt would find it.
-        Transaction transazione(sessione().cn);
-        if (nuovo.RegistraCliente()) {
-            RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, nuovo.IDCliente);
-            transazione.commit();
-        } else {
-            nuovo.IDCliente = 0;
-        }
-    }
-    if (nuovo.IDCliente == 0) {
+    // A party whose destinations fail must not be left behind: the next attempt would find it.
+    if (!nuovo.RegistraCliente(
+            [this](std::int32_t id) { RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id); })) {
         desktop().inform("Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!", titolo);
         fuocoSu(txtAnagrafica[cliente], paginaIndirizzo);
         return;

@@ -6,6 +6,7 @@
 
 #include "masterdata/frmRegistraCliente.h"
 #include "masterdata/frmVariazioneCliente.h"
+#include "schema/Schema.h"
 #include "support/ConArchivio.h"
 
 namespace bravona {
@@ -143,6 +144,46 @@ TEST_P(LetturaFallita, LeavesNobodyWhoseDestinationsCouldBeSavedAway)
     EXPECT_EQ(scheda.destinazioni.lvwDestinazioni.rowCount(), 1U);
 }
 INSTANTIATE_TEST_SUITE_P(Tabelle, LetturaFallita, testing::Values("DestinazioneMerceClienti", "ModalitaPagamento"));
+
+// Another program works on the archive while a party is registered.
+class ArchivioConteso : public Scheda, public testing::WithParamInterface<const char*> {};
+
+TEST_P(ArchivioConteso, IsToldAsAFailedRegistrationThatCanBeTriedAgain)
+{
+    sessione.cn.executeNative("PRAGMA busy_timeout = 0");
+    auto& nuova = sessione.schermate().as<frmRegistraCliente>("frmRegistraCliente");
+    nuova.show();
+    nuova.txtAnagrafica[0].setText("Rossi");
+    nuova.txtAnagrafica[2].setText("Via Po 1");
+    nuova.txtAnagrafica[3].setText("Torino");
+    Connection altro;
+    altro.open(cartella.archive().string(), passwordArchivio);
+    altro.executeNative(GetParam());
+    static_cast<void>(altro.open("SELECT * FROM Comuni"));
+    bool inTransazione = false;
+    utente.whileAsked = [&] { inTransazione = inTransazione || sessione.cn.inTransaction(); };
+    utente.click(nuova.cmdCliente[0]);
+    ASSERT_EQ(utente.boxCount(), 2U) << ultimoMessaggio();
+    const std::string primo = utente.transcript().boxes.front().box.text;
+    EXPECT_NE(primo.find("3218 - "), std::string::npos) << primo;
+    EXPECT_NE(primo.find("\nNel modulo: clsCliente\nNella routine: RegistraCliente"), std::string::npos) << primo;
+    EXPECT_EQ(ultimoMessaggio(),
+              "Anagrafica Clienti: Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!");
+    EXPECT_EQ(nuova.txtAnagrafica[0].text(), "Rossi");
+    altro.executeNative("COMMIT");
+
+    // One that the store refuses: nobody else waits while its boxes stand.
+    sessione.cn.setWriteHook([](const std::string&) { throw Errore(errori::testoObbligatorioVuoto, "guasto"); });
+    utente.click(nuova.cmdCliente[0]);
+    EXPECT_EQ(utente.boxCount(), 4U);
+    EXPECT_FALSE(inTransazione);
+    sessione.cn.setWriteHook({});
+    utente.answer(MsgAnswer::no);
+    utente.click(nuova.cmdCliente[0]);
+    EXPECT_EQ(riga("SELECT COUNT(*) FROM Clienti WHERE Cliente = 'Rossi'"), "1");
+}
+// Refused at the beginning, and at the end.
+INSTANTIATE_TEST_SUITE_P(Lavori, ArchivioConteso, testing::Values("BEGIN IMMEDIATE", "BEGIN"));
 
 TEST_F(Scheda, TheNextPartyOffersNoMethodWhereThereIsNone)
 {

@@ -89,6 +89,7 @@ public:
         }
     }
     void repaint() override { ++paints_; }
+    std::function<void()> whileAsked;    // what happens elsewhere while a message box stands
     std::function<void()> whileWorking;  // what the hand does while the program works and looks for input
     [[nodiscard]] int paints() const { return paints_; }  // times that windows were let paint
     void centre(Form& form, bool onScreen) override;
@@ -103,7 +104,13 @@ public:
     [[nodiscard]] const std::optional<FileDialog>& lastFileDialog() const { return lastDialog_; }
 
 protected:
-    MsgAnswer doMessageBox(const MessageBox& box) override { return transcript_->answer(box); }
+    MsgAnswer doMessageBox(const MessageBox& box) override
+    {
+        if (whileAsked) {
+            whileAsked();
+        }
+        return transcript_->answer(box);
+    }
     void doShow(Form&) override {}
     void doHide(Form&) override {}
     void doUnload(Form& form) override;
