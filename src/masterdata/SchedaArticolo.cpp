@@ -106,6 +106,8 @@ void SchedaArticolo::preparaImmagine()
     picChild.boxHeight = 206;  // with both bars as high as the other pages
     picChild.setAccessibleName("Immagine dell'articolo");
     picChild.onResize = [this] { dimensionaBarre(); };
+    picChild.horizontalBar = &hsbWidht;
+    picChild.verticalBar = &vsbHeight;
     for (ScrollBar* barra : {&hsbWidht, &vsbHeight}) {
         barra->setVisible(false);
         barra->onChange = [this] { picChild.setPosition(-hsbWidht.value(), -vsbHeight.value()); };

@@ -48,6 +48,10 @@ TEST_F(ArticoloSulloSchermo, ABarMovesThePictureAsFarAsItIsTooLargeAndTheNextOne
     EXPECT_EQ(form.picChild.x(), 0);
     EXPECT_EQ(form.picChild.y(), 0);
 
+    utente.wheel(form.picChild, -3);
+    EXPECT_EQ(form.picChild.y(), -3);
+    EXPECT_EQ(form.picChild.x(), 0);
+
     utente.scroll(form.hsbWidht, 70);
     scegli(immagine("giusta.gif", largo, alto));
     EXPECT_FALSE(form.hsbWidht.visible());

@@ -63,6 +63,9 @@ public:
         add("tabPagine", tabPagine);
         watch("txtPagina", txtPagina[0], 0);
         watch("txtPagina", txtPagina[1], 1);
+        watch("picFoto", picFoto);
+        watch("vsbBarra", vsbBarra);
+        watch("hsbBarra", hsbBarra);
         watch("cmdOk", cmdOk);
         watch("cmdAnnulla", cmdAnnulla);
         watch("cmdTerzo", cmdTerzo);
@@ -91,6 +94,13 @@ public:
         };
         cmbLibera.onChange = [this] { say("cmbLibera = " + cmbLibera.text()); };
         dtpData.onChange = [this] { say("dtpData = " + dtpData.date().text()); };
+        picFoto.boxWidth = picFoto.boxHeight = 40;
+        picFoto.verticalBar = &vsbBarra;
+        picFoto.horizontalBar = &hsbBarra;
+        for (ScrollBar* bar : {&vsbBarra, &hsbBarra}) {
+            bar->setRange(0, 100);
+            bar->onChange = [this, bar] { say(bar->fullName() + " = " + bar->shownText()); };
+        }
         tabPagine.onChange = [this](int left) {
             say("tabPagine " + std::to_string(left) + " to " + std::to_string(tabPagine.tab()));
         };
@@ -114,6 +124,7 @@ public:
              layout::row({layout::of(lstLista), layout::of(lvwRighe), layout::of(tvwAlbero)}),
              layout::row({layout::of(chkSpunta), layout::of(optScelta[0]), layout::of(optScelta[1])}),
              layout::tabs(tabPagine, {layout::of(txtPagina[0]), layout::of(txtPagina[1])}),
+             layout::row({layout::of(picFoto), layout::of(vsbBarra), layout::of(hsbBarra)}),
              layout::rowEnd({layout::of(cmdOk), layout::of(cmdAnnulla), layout::of(cmdTerzo)})}));
         setDefaultButton(&cmdOk);
         setCancelButton(&cmdAnnulla);
@@ -144,6 +155,8 @@ public:
     std::array<OptionButton, 2> optScelta{OptionButton("Prima"), OptionButton("S&econda")};
     TabControl tabPagine{{"Pagina &1", "Pagina &2"}};
     std::array<TextBox, 2> txtPagina;
+    PictureBox picFoto;
+    ScrollBar vsbBarra{false}, hsbBarra{true};
     Button cmdOk{"&Ok"}, cmdAnnulla{"&Annulla"}, cmdTerzo{"&Terzo"};
     bool refuses = false;
 
@@ -232,6 +245,8 @@ void doGesture(JourneyHost& host, frmEventi& form, const std::string& gesture)
         host.setDate(static_cast<DatePicker&>(control), *Date::parse(text));
     } else if (verb == "spin") {
         host.spin(static_cast<SpinButton&>(control), text == "up");
+    } else if (verb == "wheel") {
+        host.wheel(static_cast<PictureBox&>(control), std::stoi(text));
     } else if (verb == "set") {
         desktop.guard([&] { static_cast<TextBox&>(control).setText(text); });
     } else if (verb == "disable") {
@@ -320,6 +335,18 @@ constexpr std::array table{
     EventCase{"a date is set once", "date dtpData 31/01/2004;date dtpData 31/01/2004",
               "txtUno lost;dtpData got;dtpData = 31/01/2004"},
     EventCase{"a date is typed", "focus dtpData;type dtpData 01022004", "txtUno lost;dtpData got;dtpData = 01/02/2004"},
+    EventCase{"keys move a bar along its own way",
+              "focus vsbBarra;key Down;key Right;key PageDown;key End;key Down;key Up;key PageUp;key Home",
+              "txtUno lost;vsbBarra got;vsbBarra = 5;vsbBarra = 25;vsbBarra = 100;vsbBarra = 95;vsbBarra = 75;"
+              "vsbBarra = 0"},
+    EventCase{"arrows left and right move a bar that lies", "focus hsbBarra;key Right;key Down;key Right;key Left",
+              "txtUno lost;hsbBarra got;hsbBarra = 5;hsbBarra = 10;hsbBarra = 5"},
+    EventCase{"Tab goes to a bar and from it", "focus vsbBarra;key Tab;key Tab",
+              "txtUno lost;vsbBarra got;vsbBarra lost;hsbBarra got;hsbBarra lost;cmdOk got"},
+    EventCase{"the wheel over a picture moves the bar there is",
+              "wheel picFoto -3;wheel picFoto 1;hide vsbBarra;"
+              "wheel picFoto -1;hide hsbBarra;wheel picFoto -1",
+              "vsbBarra = 15;vsbBarra = 10;hsbBarra = 5"},
     EventCase{"closing leaves the field, asks and unloads", "close", "txtUno lost;query person;unload"},
     EventCase{"a refused close keeps the window", "refuse;close", "txtUno lost;query person;txtUno got"},
 };

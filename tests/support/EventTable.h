@@ -14,8 +14,8 @@ struct EventCase {
     const char* name;
     // Gestures parted by ";": "type CONTROL text", "key NAME", "press CONTROL", "focus CONTROL", "choose CONTROL item",
     // "select CONTROL row", "tick CONTROL row", "column CONTROL n", "node CONTROL n", "tab CONTROL page", "date CONTROL
-    // date", "spin CONTROL up", "menu NAME", "double CONTROL", "close"; by code: "set CONTROL text", "disable CONTROL",
-    // "hide CONTROL", "refuse" (closing is refused from here on), "paste text" at the focus.
+    // date", "spin CONTROL up", "wheel CONTROL notches", "menu NAME", "double CONTROL", "close"; by code: "set CONTROL
+    // text", "disable CONTROL", "hide CONTROL", "refuse" (closing is refused from here on), "paste text" at the focus.
     const char* gestures;
     const char* events;  // parted by ";"
 };

@@ -63,6 +63,7 @@ public:
     void setDate(DatePicker& picker, Date date);
     void chooseTab(TabControl& tabs, int page) { mouse(), interaction().tab(tabs, page); }
     void scroll(ScrollBar& bar, int value);
+    void wheel(PictureBox& picture, int notches) { interaction().wheel(picture, notches, false); }
     void chooseDrive(DriveList& drives, int drive);
     void chooseFolder(DirList& folders, const std::string& path);
     void selectFile(FileList& files, int file);

@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "journey/QtJourneyHost.h"
 #include "journey/QtJourneyViews.h"
@@ -242,7 +243,18 @@ void QtJourneyHost::chooseTab(TabControl& tabs, int page)
 
 void QtJourneyHost::scroll(ScrollBar& bar, int value)
 {
+    focus(bar);
     as<QScrollBar>(widget(bar)).setValue(value);
+    settle();
+}
+
+void QtJourneyHost::wheel(PictureBox& picture, int notches)
+{
+    QWidget& target = widget(picture);
+    const QPointF place = target.rect().center();
+    QWheelEvent turn(place, target.mapToGlobal(place), {}, {0, notches * QWheelEvent::DefaultDeltasPerStep},
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&target, &turn);
     settle();
 }
 

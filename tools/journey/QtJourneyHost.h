@@ -40,6 +40,7 @@ public:
     void setDate(DatePicker& picker, Date date) override;
     void chooseTab(TabControl& tabs, int page) override;
     void scroll(ScrollBar& bar, int value) override;
+    void wheel(PictureBox& picture, int notches) override;
     void chooseDrive(DriveList& drives, int drive) override;
     void chooseFolder(DirList& folders, const std::string& path) override;
     void selectFile(FileList& files, int file) override;

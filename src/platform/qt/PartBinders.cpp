@@ -4,7 +4,8 @@
 #include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
+#include <QWheelEvent>
+#include <cstdlib>
 
 #include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
@@ -194,6 +195,18 @@ void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event)
     }
 }
 
+void PictureWidget::wheelEvent(QWheelEvent* event)
+{
+    const QPoint turn = event->angleDelta();
+    const bool sideways = std::abs(turn.x()) > std::abs(turn.y());
+    turned_ += sideways ? turn.x() : turn.y();
+    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+    turned_ %= QWheelEvent::DefaultDeltasPerStep;
+    if (!(wheeled && wheeled(notches, sideways))) {
+        event->ignore();
+    }
+}
+
 PictureBinder::PictureBinder(FormWindow& window, PictureBox& box, QWidget* parent)
     : BinderOf(window, box),
       picture_(new PictureWidget(parent))
@@ -207,6 +220,11 @@ PictureBinder::PictureBinder(FormWindow& window, PictureBox& box, QWidget* paren
         }
         enter([this, twice] { twice ? desktop().interaction().doubleClick(c()) : desktop().interaction().click(c()); });
         return true;
+    };
+    picture_->wheeled = [this](int notches, bool sideways) {
+        bool moves = false;
+        enter([&] { moves = desktop().interaction().wheel(c(), notches, sideways); });
+        return moves;
     };
 }
 
@@ -231,12 +249,22 @@ void PictureBinder::followAll()
 
 // --- scroll bars
 
+void BarWidget::paintEvent(QPaintEvent* event)
+{
+    QScrollBar::paintEvent(event);
+    if (hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
 ScrollBarBinder::ScrollBarBinder(FormWindow& window, ScrollBar& bar, QWidget* parent)
     : BinderOf(window, bar),
-      bar_(new QScrollBar(bar.horizontal ? Qt::Horizontal : Qt::Vertical, parent))
+      bar_(new BarWidget(bar.horizontal ? Qt::Horizontal : Qt::Vertical, parent))
 {
     setWidget(bar_);
-    bar_->setFocusPolicy(Qt::NoFocus);
+    bar_->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(bar_, &QScrollBar::valueChanged, bar_, [this](int value) {
         if (!following_) {
             enter([this, value] { c().setValue(value); });
@@ -253,8 +281,8 @@ void ScrollBarBinder::followAll()
 {
     following_ = true;
     bar_->setRange(c().minimum(), c().maximum());
-    bar_->setPageStep(std::max(1, (c().maximum() - c().minimum()) / 5));
-    bar_->setSingleStep(std::max(1, (c().maximum() - c().minimum()) / 20));
+    bar_->setPageStep(c().pageStep());
+    bar_->setSingleStep(c().step());
     bar_->setValue(c().value());
     following_ = false;
 }

@@ -81,7 +81,8 @@ class PictureWidget final : public QWidget {
 public:
     explicit PictureWidget(QWidget* parent) : QWidget(parent) {}
     std::function<void()> resized;
-    std::function<bool(bool)> clicked;  // true for a double click; answers whether somebody listens
+    std::function<bool(bool)> clicked;       // true for a double click; answers whether somebody listens
+    std::function<bool(int, bool)> wheeled;  // whole notches, and whether sideways; answers whether something moves
     QPixmap picture;
     QString failure;
     QPoint place;
@@ -92,6 +93,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    int turned_ = 0;  // of the wheel, short of a notch
 };
 
 class PictureBinder final : public BinderOf<PictureBox> {
@@ -106,6 +111,15 @@ private:
     PictureWidget* picture_;
 };
 
+// Shows that it has the focus.
+class BarWidget final : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 class ScrollBarBinder final : public BinderOf<ScrollBar> {
 public:
     ScrollBarBinder(FormWindow& window, ScrollBar& bar, QWidget* parent);
@@ -115,7 +129,7 @@ protected:
     void followAll() override;
 
 private:
-    QScrollBar* bar_;
+    BarWidget* bar_;
     bool following_ = false;
 };
 

@@ -318,6 +318,17 @@ void Interaction::doubleClick(Control& control)
     });
 }
 
+bool Interaction::wheel(PictureBox& picture, int notches, bool sideways)
+{
+    const auto moves = [](const ScrollBar* bar) { return bar != nullptr && usable(*bar); };
+    ScrollBar* bar = sideways || !moves(picture.verticalBar) ? picture.horizontalBar : picture.verticalBar;
+    if (!moves(bar) || desktop_.blocked(*picture.form())) {
+        return false;
+    }
+    desktop_.guard([&] { bar->setValue(bar->value() - notches * bar->step()); });
+    return true;
+}
+
 void Interaction::menu(Form& form, Menu& entry)
 {
     if (desktop_.blocked(form) || !entry.enabled || !entry.visible || !entry.onClick) {

@@ -12,6 +12,7 @@ class Control;
 class Desktop;
 class Form;
 class Menu;
+class PictureBox;
 class TabControl;
 
 // What keys and clicks mean, the same on both hosts: the order of events, who gets the focus next, mnemonics, default
@@ -52,6 +53,9 @@ public:
     // themselves.
     void click(Control& control);  // buttons, boxes, options, labels, pictures
     void doubleClick(Control& control);
+    // The wheel over a picture, so many notches, away from the person or to the left above 0: its bar moves and the
+    // focus stays. False where no bar is to be moved.
+    bool wheel(PictureBox& picture, int notches, bool sideways);
     void menu(Form& form, Menu& entry);
     void tab(TabControl& tabs, int page);
     void front(Form& form);  // a click on another window

@@ -244,6 +244,8 @@ bool Interaction::widgetKey(Control& control, const KeyEvent& event)
         }
         return true;
     }
+    case ControlKind::scrollBar:
+        return static_cast<ScrollBar&>(control).userKey(event.key);
     default:
         return false;
     }

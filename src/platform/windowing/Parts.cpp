@@ -121,6 +121,48 @@ void ScrollBar::setValue(int value)
     }
 }
 
+int ScrollBar::step() const
+{
+    return std::max(1, (maximum_ - minimum_) / 20);
+}
+
+int ScrollBar::pageStep() const
+{
+    return std::max(1, (maximum_ - minimum_) / 5);
+}
+
+bool ScrollBar::userKey(Key key)
+{
+    switch (key) {
+    case Key::left:
+    case Key::right:
+        if (horizontal) {
+            setValue(value_ + (key == Key::right ? step() : -step()));
+        }
+        return true;
+    case Key::up:
+    case Key::down:
+        if (!horizontal) {
+            setValue(value_ + (key == Key::down ? step() : -step()));
+        }
+        return true;
+    case Key::pageUp:
+        setValue(value_ - pageStep());
+        return true;
+    case Key::pageDown:
+        setValue(value_ + pageStep());
+        return true;
+    case Key::home:
+        setValue(minimum_);
+        return true;
+    case Key::end:
+        setValue(maximum_);
+        return true;
+    default:
+        return false;
+    }
+}
+
 void ProgressBar::setValue(int percent)
 {
     percent = std::clamp(percent, 0, 100);

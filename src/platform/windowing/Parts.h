@@ -13,6 +13,7 @@ namespace bravona {
 
 struct Layout;
 class Pages;
+class ScrollBar;
 
 class Frame final : public Control {
 public:
@@ -74,6 +75,9 @@ public:
     int boxHeight = 140;
     std::string failureText;  // shown in its place when the file cannot be read
     std::function<void()> onResize;
+    // What the wheel over it moves; none: the wheel is the window's.
+    ScrollBar* horizontalBar = nullptr;
+    ScrollBar* verticalBar = nullptr;
 
 private:
     std::string path_;
@@ -88,11 +92,16 @@ class ScrollBar final : public Control {
 public:
     explicit ScrollBar(bool isHorizontal = true) : Control(ControlKind::scrollBar), horizontal(isHorizontal) {}
     void setRange(int minimum, int maximum);
-    void setValue(int value);  // raises `onChange` when it differs
+    void setValue(int value);  // clamped; raises `onChange` when it differs
     [[nodiscard]] int minimum() const { return minimum_; }
     [[nodiscard]] int maximum() const { return maximum_; }
     [[nodiscard]] int value() const { return value_; }
+    // How far an arrow or the wheel, and how far a page key moves it.
+    [[nodiscard]] int step() const;
+    [[nodiscard]] int pageStep() const;
+    bool userKey(Key key);  // arrows, Page, Home and End; false for any other key
     [[nodiscard]] std::string shownText() const override { return std::to_string(value_); }
+    [[nodiscard]] bool focusable() const override { return true; }
     bool horizontal;
     std::function<void()> onChange;
 

@@ -59,6 +59,7 @@ public:
     virtual void setDate(DatePicker& picker, Date date) = 0;
     virtual void chooseTab(TabControl& tabs, int page) = 0;
     virtual void scroll(ScrollBar& bar, int value) = 0;
+    virtual void wheel(PictureBox& picture, int notches) = 0;  // away from the person above 0
     virtual void chooseDrive(DriveList& drives, int drive) = 0;
     virtual void chooseFolder(DirList& folders, const std::string& path) = 0;  // an absolute one
     virtual void selectFile(FileList& files, int file) = 0;

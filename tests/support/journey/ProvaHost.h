@@ -38,6 +38,7 @@ public:
     void setDate(DatePicker& picker, Date date) override { user_->setDate(picker, date); }
     void chooseTab(TabControl& tabs, int page) override { user_->chooseTab(tabs, page); }
     void scroll(ScrollBar& bar, int value) override { user_->scroll(bar, value); }
+    void wheel(PictureBox& picture, int notches) override { user_->wheel(picture, notches); }
     void chooseDrive(DriveList& drives, int drive) override { user_->chooseDrive(drives, drive); }
     void chooseFolder(DirList& folders, const std::string& path) override { user_->chooseFolder(folders, path); }
     void selectFile(FileList& files, int file) override { user_->selectFile(files, file); }
