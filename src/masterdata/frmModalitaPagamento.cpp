@@ -1,5 +1,7 @@
 #include "masterdata/frmModalitaPagamento.h"
 
+#include <utility>
+
 #include "session/modMain.h"
 
 namespace bravona {
@@ -73,8 +75,16 @@ bool frmModalitaPagamento::onQueryUnload(CloseCause)
     if (!DataGrid1.userLeave()) {
         return false;
     }
-    pagamenti_.updateBatch();
-    return true;
+    try {
+        pagamenti_.updateBatch();
+        return true;
+    } catch (const Errore& errore) {
+        if (!std::exchange(nonSalvata_, true)) {
+            throw;
+        }
+        desktop().report(errore);
+        return desktop().ask("Le modifiche non sono state salvate. Chiudere senza salvarle?", "Modalita pagamento");
+    }
 }
 
 void frmModalitaPagamento::onUnload()

@@ -10,7 +10,8 @@
 
 namespace bravona {
 
-// The payment methods, changed, added and deleted in the grid. Closing it, in any way, saves all of it in one batch.
+// The payment methods, changed, added and deleted in the grid. Closing it, in any way, saves all of it in one batch;
+// who fails at that twice may give the changes up.
 class frmModalitaPagamento final : public Form {
 public:
     explicit frmModalitaPagamento(Sessione& sessione);
@@ -30,6 +31,7 @@ private:
     Sessione& sessione_;
     Recordset pagamenti_;
     std::size_t colonnaDecorrenza_ = 0;
+    bool nonSalvata_ = false;  // a closing failed already
 };
 
 }  // namespace bravona
