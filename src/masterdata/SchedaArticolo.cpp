@@ -161,7 +161,7 @@ Layout SchedaArticolo::paginaMagazzino()
     using namespace layout;
     return column(
         {row({form({line("&Quantità minima", of(txtArticolo[6])), line("Da&ta primo carico", of(txtArticolo[7])),
-                    line("Data ultimo ca&rico", of(txtArticolo[8])),
+                    line("Data u&ltimo carico", of(txtArticolo[8])),
                     line("Data &ultimo scarico", of(txtArticolo[11]))}),
               form({line("Caric&o", of(txtArticolo[9])), line("&Scarico", of(txtArticolo[12])),
                     line("&Giacenza", of(txtArticolo[16]))}),
