@@ -17,12 +17,14 @@ frmVariazioneArticolo::frmVariazioneArticolo(Sessione& sessione)
     cboCampoDiRicerca.width = 18;
     cboCampoDiRicerca.setAccessibleName("Campo di ricerca");
     txtChiaveRicerca.grows = true;
-    txtChiaveRicerca.onKeyDown = [this](KeyEvent& evento) {
-        if (evento.key == Key::enter) {
-            evento.drop();
-            cerca();
-        }
-    };
+    for (Control* sopra : {static_cast<Control*>(&txtChiaveRicerca), static_cast<Control*>(&cboCampoDiRicerca)}) {
+        sopra->onKeyDown = [this](KeyEvent& evento) {
+            if (evento.key == Key::enter) {
+                evento.drop();
+                cerca();
+            }
+        };
+    }
     cmdClearPicture.onClick = [this] { mostraImmagine({}); };
     cmdAzioni[0].onClick = [this] { Aggiorna(); };
     cmdAzioni[1].onClick = [this] { unload(); };
