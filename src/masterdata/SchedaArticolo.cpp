@@ -85,6 +85,7 @@ void SchedaArticolo::preparaCaselle()
     txtArticolo[dataPrimoCarico].onKeyPress = filtraTasti(filtroData);
     cboUnitaDiMisura.width = 8;
     cboCodiciIVA.width = 16;
+    cboCodiciIVA.onGotFocus = [this] { rileggiCodiciIva(); };
     for (TextBox& casella : txtEuro) {
         casella.width = 14;
         casella.align = Align::right;
@@ -190,6 +191,25 @@ void SchedaArticolo::inizializza()
     CaricaDescrizioneListini();
 }
 
+void SchedaArticolo::svuota(std::initializer_list<const Control*> tranne)
+{
+    AzzeraCampi(*this, tranne);
+    mostraImmagine({});
+    rileggiCodiciIva();
+    CaricaDescrizioneListini();
+}
+
+void SchedaArticolo::rileggiCodiciIva()
+{
+    const bool scelto = cboCodiciIVA.listIndex() >= 0;
+    const std::int32_t codiceIva = scelto ? cboCodiciIVA.itemData() : 0;
+    cboCodiciIVA.clear();
+    CaricaComboIva(sessione_, cboCodiciIVA);
+    if (scelto) {
+        cboCodiciIVA.selectByData(codiceIva);
+    }
+}
+
 void SchedaArticolo::primaVoceDelleCombo()
 {
     for (ComboBox* combo : {&cboUnitaDiMisura, &cboCodiciIVA}) {
@@ -243,6 +263,12 @@ bool SchedaArticolo::VerificaRiempimentoCampiEssenziali()
             vai(casella);
             return false;
         }
+    }
+    if (cboCodiciIVA.listIndex() < 0) {
+        desktop().inform("Manca il codice IVA dell'articolo!", titoloMessaggi);
+        SSTabSezioni.setTab(schedaDati);
+        cboCodiciIVA.setFocus();
+        return false;
     }
     return true;
 }

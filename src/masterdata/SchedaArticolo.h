@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 
 #include "masterdata/clsArticolo.h"
@@ -43,8 +44,10 @@ protected:
     // At the end of the derived constructor, after its own controls were added: the pages between what stands above
     // them (none: an empty column) and the commands.
     void disponi(Layout sopra, Layout comandi);
-    // Combos, names of the price lists, the first item of each combo.
+    // Combos and names of the price lists.
     void inizializza();
+    // Empties the fields but for `tranne`, for another article; what other screens may have changed is read anew.
+    void svuota(std::initializer_list<const Control*> tranne = {});
     void primaVoceDelleCombo();
     void primaPagina() { SSTabSezioni.setTab(0); }
 
@@ -77,6 +80,7 @@ private:
     Layout paginaPrezzi();
     Layout paginaMagazzino();
     Layout paginaImmagine();
+    void rileggiCodiciIva();  // keeps the chosen one
     void CaricaDescrizioneListini();
     void dimensionaBarre();
     template <class Conversione>

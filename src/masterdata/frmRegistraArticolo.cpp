@@ -57,8 +57,7 @@ void frmRegistraArticolo::Registra()
         unload();
         return;
     }
-    AzzeraCampi(*this);
-    mostraImmagine({});
+    svuota();
     valoriIniziali();
 }
 

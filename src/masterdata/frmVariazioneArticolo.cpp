@@ -87,8 +87,7 @@ void frmVariazioneArticolo::cerca()
 void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
 {
     const clsCursorWait attesa(desktop());
-    AzzeraCampi(*this, {&txtChiaveRicerca, &cboCampoDiRicerca});
-    mostraImmagine({});
+    svuota({&txtChiaveRicerca, &cboCampoDiRicerca});
     IDArticolo_ = nessuno;
     clsArticolo articolo(sessione_);
     if (!articolo.RichiamaArticolo(id)) {
