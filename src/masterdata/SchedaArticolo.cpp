@@ -46,6 +46,15 @@ constexpr std::array<Casella<Currency>, 4> importi{{{10, &clsArticolo::CaricoVal
                                                     {14, &clsArticolo::CostoMedio},
                                                     {15, &clsArticolo::CostoUltimo}}};
 
+bool importoAmmesso(const std::string& testo)
+{
+    try {
+        return testo.empty() || parseAmount(testo).has_value();
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 char32_t filtroData(char32_t tasto)
 {
     constexpr int conBarre = 1;
@@ -352,9 +361,7 @@ void SchedaArticolo::vaiAlCampoErrato()
 bool SchedaArticolo::prezziAmmessi()
 {
     for (TextBox& casella : txtEuro) {
-        try {
-            static_cast<void>(parseAmount(casella.text()));
-        } catch (const Errore&) {
+        if (!importoAmmesso(casella.text())) {
             SSTabSezioni.setTab(schedaPrezzi);
             MostraValoreNonValido(casella);
             return false;

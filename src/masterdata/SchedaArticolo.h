@@ -62,7 +62,7 @@ protected:
     void mostra(const clsArticolo& articolo);
     // After a refusal by the store: into the box of a date that is none, or the code.
     void vaiAlCampoErrato();
-    // False, after having told it, when a price is too big for an amount; it has the focus.
+    // False, after having told it, when a price is no amount or too big for one; it has the focus.
     bool prezziAmmessi();
     void mostraImmagine(const std::string& percorso);  // empty: none
     void dimenticaFigure() { comeMostrate_ = {}; }     // every box is read anew
