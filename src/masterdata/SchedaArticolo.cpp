@@ -21,22 +21,20 @@ constexpr int schedaPrezzi = 1;
 constexpr int schedaMagazzino = 2;
 constexpr std::size_t primaDelMagazzino = 6;  // box
 constexpr std::size_t dataPrimoCarico = 7;    // box
-constexpr std::array<std::size_t, 3> caselleDate{7, 8, 11};
 
 template <class Membro>
 struct Casella {
     std::size_t indice;
     Membro clsArticolo::*membro;
 };
-constexpr std::array<Casella<std::string>, 9> testi{{{0, &clsArticolo::CodiceMagazzino},
+constexpr std::array<Casella<std::string>, 6> testi{{{0, &clsArticolo::CodiceMagazzino},
                                                      {1, &clsArticolo::CodiceFornitore},
                                                      {2, &clsArticolo::CodiceBarreFornitore},
                                                      {3, &clsArticolo::DescrizionePrincipale},
                                                      {4, &clsArticolo::DescrizioneSecondariaUno},
-                                                     {5, &clsArticolo::DescrizioneSecondariaDue},
-                                                     {7, &clsArticolo::DataPrimoCarico},
-                                                     {8, &clsArticolo::DataUltimoCarico},
-                                                     {11, &clsArticolo::DataUltimoScarico}}};
+                                                     {5, &clsArticolo::DescrizioneSecondariaDue}}};
+constexpr std::array<Casella<std::string>, 3> date{
+    {{7, &clsArticolo::DataPrimoCarico}, {8, &clsArticolo::DataUltimoCarico}, {11, &clsArticolo::DataUltimoScarico}}};
 constexpr std::array<Casella<double>, 4> quantita{{{6, &clsArticolo::QuantitaMinima},
                                                    {9, &clsArticolo::Carico},
                                                    {12, &clsArticolo::Scarico},
@@ -45,6 +43,17 @@ constexpr std::array<Casella<Currency>, 4> importi{{{10, &clsArticolo::CaricoVal
                                                     {13, &clsArticolo::ScaricoValore},
                                                     {14, &clsArticolo::CostoMedio},
                                                     {15, &clsArticolo::CostoUltimo}}};
+
+bool diData(std::size_t casella)
+{
+    return std::ranges::find(date, casella, &Casella<std::string>::indice) != date.end();
+}
+
+// A text that the store has taken for a date, or for none.
+std::string dataMostrata(const std::string& testo)
+{
+    return isDate(testo) ? toDate(testo).text() : clsArticolo::nessunaData;
+}
 
 bool importoAmmesso(const std::string& testo)
 {
@@ -85,7 +94,7 @@ SchedaArticolo::SchedaArticolo(Sessione& sessione, const std::string& nome, cons
 void SchedaArticolo::preparaCaselle()
 {
     for (std::size_t i = 0; i < txtArticolo.size(); ++i) {
-        const bool cifra = i >= primaDelMagazzino && std::ranges::find(caselleDate, i) == caselleDate.end();
+        const bool cifra = i >= primaDelMagazzino && !diData(i);
         txtArticolo[i].width = i >= primaDelMagazzino ? 14 : 24;
         txtArticolo[i].align = cifra ? Align::right : Align::left;
         txtArticolo[i].grows = i >= descrizione && i < primaDelMagazzino;
@@ -312,6 +321,11 @@ void SchedaArticolo::raccogli(clsArticolo& articolo)
         articolo.*membro = txtArticolo[indice].text();
     }
     const auto battuta = [this](std::size_t indice) { return txtArticolo[indice].text() != comeMostrate_[indice]; };
+    for (const auto& [indice, membro] : date) {
+        if (battuta(indice)) {
+            articolo.*membro = txtArticolo[indice].text();
+        }
+    }
     for (const auto& [indice, membro] : quantita) {
         if (battuta(indice)) {
             articolo.*membro = leggi(indice, [](const std::string& testo) { return toDouble(testo); });
@@ -332,15 +346,18 @@ void SchedaArticolo::mostra(const clsArticolo& articolo)
     for (const auto& [indice, membro] : testi) {
         txtArticolo[indice].setText(articolo.*membro);
     }
-    const auto cifra = [this](std::size_t indice, const Value& valore) {
-        comeMostrate_[indice] = format(valore, formatoCifra);
-        txtArticolo[indice].setText(comeMostrate_[indice]);
+    const auto ricorda = [this](std::size_t indice, const std::string& testo) {
+        txtArticolo[indice].setText(testo);
+        comeMostrate_[indice] = testo;
     };
+    for (const auto& [indice, membro] : date) {
+        ricorda(indice, dataMostrata(articolo.*membro));
+    }
     for (const auto& [indice, membro] : quantita) {
-        cifra(indice, articolo.*membro);
+        ricorda(indice, format(articolo.*membro, formatoCifra));
     }
     for (const auto& [indice, membro] : importi) {
-        cifra(indice, articolo.*membro);
+        ricorda(indice, format(articolo.*membro, formatoCifra));
     }
     if (!cboUnitaDiMisura.selectByText(articolo.UnitaMisura())) {
         cboUnitaDiMisura.setText(articolo.UnitaMisura());
@@ -351,11 +368,11 @@ void SchedaArticolo::mostra(const clsArticolo& articolo)
 
 void SchedaArticolo::vaiAlCampoErrato()
 {
-    const auto guasta = std::ranges::find_if(caselleDate, [this](std::size_t casella) {
-        const std::string& testo = txtArticolo[casella].text();
+    const auto guasta = std::ranges::find_if(date, [this](const Casella<std::string>& data) {
+        const std::string& testo = txtArticolo[data.indice].text();
         return !testo.empty() && testo != clsArticolo::nessunaData && !isDate(testo);
     });
-    vai(guasta == caselleDate.end() ? codice : *guasta);
+    vai(guasta == date.end() ? codice : guasta->indice);
 }
 
 bool SchedaArticolo::prezziAmmessi()

@@ -55,17 +55,16 @@ protected:
     bool VerificaRiempimentoCampiEssenziali();
     // True, after having told it, when another article has the code.
     bool codiceGiaInUso(std::int32_t id);
-    // From the fields; a figure that was not typed into stays as it is in `articolo`. Errore 13 or 6 for a text that is
-    // no such number, the focus in its box.
+    // From the fields; a date or figure that was not typed into stays as it is in `articolo`. Errore 13 or 6 for a text
+    // that is no such number, the focus in its box.
     void raccogli(clsArticolo& articolo);
-    // Into the fields, prices aside.
+    // Into the fields, prices aside; of an article that is stored.
     void mostra(const clsArticolo& articolo);
     // After a refusal by the store: into the box of a date that is none, or the code.
     void vaiAlCampoErrato();
     // False, after having told it, when a price is no amount or too big for one; it has the focus.
     bool prezziAmmessi();
     void mostraImmagine(const std::string& percorso);  // empty: none
-    void dimenticaFigure() { comeMostrate_ = {}; }     // every box is read anew
     void vai(std::size_t casella);                     // its page and the focus
     // Where the next key is wanted on the page that is shown.
     void vaiAlPrimoCampo();
@@ -87,7 +86,7 @@ private:
     auto leggi(std::size_t casella, Conversione conversione);
 
     std::string immagine_;                                 // path
-    std::array<std::string, numeroCaselle> comeMostrate_;  // figures as they were shown
+    std::array<std::string, numeroCaselle> comeMostrate_;  // dates and figures as they were shown
 };
 
 }  // namespace bravona

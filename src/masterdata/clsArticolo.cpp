@@ -36,31 +36,46 @@ bool clsArticolo::RichiamaArticolo(std::int32_t id)
         if (!trovato) {
             return;
         }
-        IDArticolo = record["IDArticolo"].asLong();
-        CodiceMagazzino = record["CodiceMagazzino"].text();
-        CodiceFornitore = record["CodiceFornitore"].text();
-        CodiceBarreFornitore = record["CodiceBarreFornitore"].text();
-        DescrizionePrincipale = record["DescrizionePrincipale"].text();
-        DescrizioneSecondariaUno = record["DescrizioneSecondaria1"].text();
-        DescrizioneSecondariaDue = record["DescrizioneSecondaria2"].text();
-        setUnitaMisura(record["UnitaMisura"].text());
-        IDCodiceIva = record["IDCodiceIva"].longOr(0);
-        QuantitaMinima = record["QuantitaMinima"].doubleOr(0);
-        DataPrimoCarico = testoData(record["DataPrimoCarico"]);
-        DataUltimoCarico = testoData(record["DataUltimoCarico"]);
-        DataUltimoScarico = testoData(record["DataUltimoScarico"]);
-        CostoMedio = record["CostoMedio"].currencyOr({});
-        CostoUltimo = record["CostoUltimo"].currencyOr({});
-        Carico = record["Carico"].doubleOr(0);
-        Scarico = record["Scarico"].doubleOr(0);
-        Giacenza = record["Giacenza"].doubleOr(0);
-        CaricoValore = record["CaricoValore"].currencyOr({});
-        ScaricoValore = record["ScaricoValore"].currencyOr({});
-        Immagine = record["Immagine"].text();
+        leggi(record);
         CodiceIva = record["CodiceIva"].text();
         AliquotaIva = record["AliquotaIva"].doubleOr(0);
     });
     return letto && trovato;
+}
+
+bool clsArticolo::RileggiArticolo(std::int32_t id)
+{
+    return protetto("RileggiArticolo", [&] {
+        Recordset record = DataBase->open("SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
+        if (!record.eof()) {
+            leggi(record);
+        }
+    });
+}
+
+void clsArticolo::leggi(Recordset& record)
+{
+    IDArticolo = record["IDArticolo"].asLong();
+    CodiceMagazzino = record["CodiceMagazzino"].text();
+    CodiceFornitore = record["CodiceFornitore"].text();
+    CodiceBarreFornitore = record["CodiceBarreFornitore"].text();
+    DescrizionePrincipale = record["DescrizionePrincipale"].text();
+    DescrizioneSecondariaUno = record["DescrizioneSecondaria1"].text();
+    DescrizioneSecondariaDue = record["DescrizioneSecondaria2"].text();
+    setUnitaMisura(record["UnitaMisura"].text());
+    IDCodiceIva = record["IDCodiceIva"].longOr(0);
+    QuantitaMinima = record["QuantitaMinima"].doubleOr(0);
+    DataPrimoCarico = testoData(record["DataPrimoCarico"]);
+    DataUltimoCarico = testoData(record["DataUltimoCarico"]);
+    DataUltimoScarico = testoData(record["DataUltimoScarico"]);
+    CostoMedio = record["CostoMedio"].currencyOr({});
+    CostoUltimo = record["CostoUltimo"].currencyOr({});
+    Carico = record["Carico"].doubleOr(0);
+    Scarico = record["Scarico"].doubleOr(0);
+    Giacenza = record["Giacenza"].doubleOr(0);
+    CaricoValore = record["CaricoValore"].currencyOr({});
+    ScaricoValore = record["ScaricoValore"].currencyOr({});
+    Immagine = record["Immagine"].text();
 }
 
 void clsArticolo::scrivi(Recordset& record) const

@@ -33,11 +33,15 @@ public:
 
     // False without a message when there is no such article, or its VAT code has gone.
     bool RichiamaArticolo(std::int32_t id);
+    // The row as it stands now, with or without its VAT code, which is not read. True also when it is not there: the
+    // members stay then.
+    bool RileggiArticolo(std::int32_t id);
     bool RegistraArticolo();  // inserts; `IDArticolo` is the new key
     bool ModificaArticolo(std::int32_t id);
     bool EliminaArticolo(std::int32_t id);
 
 private:
+    void leggi(Recordset& record);
     void scrivi(Recordset& record) const override;
     std::string unitaMisura_ = "Pz";
 };

@@ -121,9 +121,10 @@ bool frmVariazioneArticolo::VariazioneArticoloEsistente()
             return false;
         }
         clsArticolo articolo(sessione_);
-        // As it stands now: a document registered meanwhile keeps its effect on the figures that nobody typed into.
-        if (!articolo.RichiamaArticolo(IDArticolo_)) {
-            dimenticaFigure();
+        // As it stands now: a document registered meanwhile keeps its effect on the dates and figures that nobody
+        // typed into.
+        if (!articolo.RileggiArticolo(IDArticolo_)) {
+            return false;
         }
         raccogli(articolo);
         if (!articolo.ModificaArticolo(IDArticolo_)) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "masterdata/frmRegistraArticolo.h"
+#include "masterdata/frmVariazioneArticolo.h"
 #include "support/ConArchivio.h"
 
 namespace bravona {
@@ -57,6 +58,29 @@ TEST_F(ArticoloSulloSchermo, ABarMovesThePictureAsFarAsItIsTooLargeAndTheNextOne
     EXPECT_FALSE(form.hsbWidht.visible());
     EXPECT_FALSE(form.vsbHeight.visible());
     EXPECT_EQ(form.picChild.x(), 0);
+}
+
+TEST_F(ArticoloSulloSchermo, AnArticleThatCannotBeReadAgainIsNotWritten)
+{
+    form.txtArticolo[0].setText("A1");
+    form.txtArticolo[3].setText("Vite");
+    utente.answer(MsgAnswer::no);
+    utente.click(form.cmdArticolo[0]);
+    auto& variazione = sessione.schermate().as<frmVariazioneArticolo>("frmVariazioneArticolo");
+    variazione.show();
+    utente.type(variazione.txtChiaveRicerca, "a1\n");
+    ASSERT_EQ(variazione.txtArticolo[3].text(), "Vite");
+    const std::size_t prima = utente.boxCount();
+    // A table that has lost a column.
+    sessione.cn.executeNative(
+        "CREATE TABLE Resto AS SELECT IDArticolo, CodiceMagazzino, DescrizionePrincipale FROM Articoli");
+    sessione.cn.executeNative("DROP TABLE Articoli");
+    sessione.cn.executeNative("ALTER TABLE Resto RENAME TO Articoli");
+    utente.type(variazione.txtArticolo[3], "Dado");
+    utente.click(variazione.cmdAzioni[0]);
+    EXPECT_NE(ultimoMessaggio().find("Nel modulo: clsArticolo\nNella routine: RileggiArticolo"), std::string::npos);
+    EXPECT_EQ(utente.boxCount(), prima + 1);
+    EXPECT_EQ(riga("SELECT DescrizionePrincipale FROM Articoli"), "Vite");
 }
 
 TEST_F(ArticoloSulloSchermo, APriceTakesOneCommaUnlessWhatIsSelectedHoldsIt)
