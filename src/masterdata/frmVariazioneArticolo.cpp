@@ -134,7 +134,11 @@ bool frmVariazioneArticolo::VariazioneArticoloEsistente()
             return false;
         }
         mostra(articolo);
-        return RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+        if (!RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro)) {
+            return false;
+        }
+        CaricaPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+        return true;
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmVariazioneArticolo",
                              "Routine: VariazioneArticoloEsistente");

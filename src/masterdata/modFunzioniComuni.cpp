@@ -11,6 +11,21 @@ namespace {
 constexpr const char* zero = "0,00";
 constexpr const char* formatoPrezzo = "###,###,##0.00";
 constexpr std::array unita{"Pz", "Nr", "Mt", "Cm", "Mm", "Kg", "Gr", "Sa"};
+
+// Of the first lists; one beyond has no box.
+std::array<Currency, numeroListini> prezziArticolo(Sessione& sessione, std::int32_t idArticolo)
+{
+    std::array<Currency, numeroListini> tutti;
+    Recordset prezzi = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
+    for (; !prezzi.eof(); prezzi.moveNext()) {
+        const auto posto = static_cast<std::size_t>(prezzi["IDListino"].longOr(0) - 1);
+        if (posto < tutti.size()) {
+            tutti[posto] = prezzi["Prezzo"].currencyOr({});
+        }
+    }
+    return tutti;
+}
+
 }  // namespace
 
 void CaricaComboIva(Sessione& sessione, ComboBox& combo)
@@ -42,19 +57,23 @@ bool EsisteCodiceArticolo(Sessione& sessione, const std::string& codice, std::in
 bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro)
 {
     try {
+        Transaction tutti(sessione.cn);
+        const std::array<Currency, numeroListini> attuali = prezziArticolo(sessione, idArticolo);
         sessione.cn.execute("DELETE * FROM ListiniPrezzi WHERE IDarticolo= " + std::to_string(idArticolo));
         Recordset prezzi = sessione.cn.openTable("ListiniPrezzi");
-        int listino = 0;
-        for (TextBox& casella : txtEuro) {
+        for (std::size_t i = 0; i < txtEuro.size(); ++i) {
+            TextBox& casella = txtEuro[i];
             if (casella.text().empty()) {
                 casella.setText(zero);
             }
             prezzi.addNew();
             prezzi["IDArticolo"] = int{idArticolo};
-            prezzi["IDListino"] = ++listino;
-            prezzi["Prezzo"] = toCurrency(casella.text());
+            prezzi["IDListino"] = static_cast<int>(i) + 1;
+            prezzi["Prezzo"] = casella.text() == casella.tag ? attuali[i] : toCurrency(casella.text());
             prezzi.update();
         }
+        prezzi.close();
+        tutti.commit();
         return true;
     } catch (const Errore& errore) {
         MostraErroreStandard(sessione.desktop(), errore, "Modulo: modFunzioniComuni",
@@ -65,16 +84,10 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
 
 void CaricaPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro)
 {
-    for (TextBox& casella : txtEuro) {
-        casella.setText(zero);
-    }
-    Recordset prezzi = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
-    for (; !prezzi.eof(); prezzi.moveNext()) {
-        // A price of an eleventh list has no box.
-        const auto posto = static_cast<std::size_t>(prezzi["IDListino"].longOr(0) - 1);
-        if (posto < txtEuro.size()) {
-            txtEuro[posto].setText(format(prezzi["Prezzo"].currencyOr({}), formatoPrezzo));
-        }
+    const std::array<Currency, numeroListini> prezzi = prezziArticolo(sessione, idArticolo);
+    for (std::size_t i = 0; i < txtEuro.size(); ++i) {
+        txtEuro[i].setText(format(prezzi[i], formatoPrezzo));
+        txtEuro[i].tag = txtEuro[i].text();
     }
 }
 
