@@ -213,6 +213,8 @@ void SchedaArticolo::svuota(std::initializer_list<const Control*> tranne)
 {
     AzzeraCampi(*this, tranne);
     mostraImmagine({});
+    IDArticolo_ = nessuno;
+    comeMostrate_ = {};
     rileggiCodiciIva();
     CaricaDescrizioneListini();
 }
@@ -291,9 +293,9 @@ bool SchedaArticolo::VerificaRiempimentoCampiEssenziali()
     return true;
 }
 
-bool SchedaArticolo::codiceGiaInUso(std::int32_t id)
+bool SchedaArticolo::codiceGiaInUso()
 {
-    if (!EsisteCodiceArticolo(sessione_, txtArticolo[codice].text(), id)) {
+    if (!EsisteCodiceArticolo(sessione_, txtArticolo[codice].text(), IDArticolo_)) {
         return false;
     }
     desktop().inform("Impossibile eseguire l'inserimento in quanto il CODICE ARTICOLO indicato\n"

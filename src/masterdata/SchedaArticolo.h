@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 
@@ -54,7 +55,7 @@ protected:
     // False after having told what is missing.
     bool VerificaRiempimentoCampiEssenziali();
     // True, after having told it, when another article has the code.
-    bool codiceGiaInUso(std::int32_t id);
+    bool codiceGiaInUso();
     // From the fields; a date or figure that was not typed into stays as it is in `articolo`. Errore 13 or 6 for a text
     // that is no such number, the focus in its box.
     void raccogli(clsArticolo& articolo);
@@ -69,7 +70,9 @@ protected:
     // Where the next key is wanted on the page that is shown.
     void vaiAlPrimoCampo();
 
+    static constexpr std::int32_t nessuno = -1;
     Sessione& sessione_;
+    std::int32_t IDArticolo_ = nessuno;       // the stored article in the fields
     Button* altroComandoImmagine_ = nullptr;  // stands beside `cmdImmagine`
 
 private:

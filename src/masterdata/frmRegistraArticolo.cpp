@@ -64,19 +64,29 @@ void frmRegistraArticolo::Registra()
 bool frmRegistraArticolo::RegistraNuovoArticolo()
 {
     try {
-        if (codiceGiaInUso(-1) || !prezziAmmessi()) {
+        if (codiceGiaInUso() || !prezziAmmessi()) {
             return false;
         }
         clsArticolo articolo(sessione_);
+        // One that is stored already waits for its prices alone, which failed.
+        const bool nuovo = IDArticolo_ == nessuno;
+        if (!nuovo && !articolo.RileggiArticolo(IDArticolo_)) {
+            return false;
+        }
         raccogli(articolo);
-        if (!articolo.RegistraArticolo()) {
+        if (!(nuovo ? articolo.RegistraArticolo() : articolo.ModificaArticolo(IDArticolo_))) {
             desktop().inform("Errore nella registrazione dell'articolo. \n"
                              "Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);
             vaiAlCampoErrato();
             return false;
         }
-        return RegistraPrezziArticolo(sessione_, articolo.IDArticolo, txtEuro);
+        IDArticolo_ = articolo.IDArticolo;
+        if (!RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro)) {
+            mostra(articolo);
+            return false;
+        }
+        return true;
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmRegistraArticolo", "Routine: RegistraNuovoArticolo");
         return false;

@@ -88,7 +88,6 @@ void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
 {
     const clsCursorWait attesa(desktop());
     svuota({&txtChiaveRicerca, &cboCampoDiRicerca});
-    IDArticolo_ = nessuno;
     clsArticolo articolo(sessione_);
     if (!articolo.RichiamaArticolo(id)) {
         tornaAllaRicerca();
@@ -117,7 +116,7 @@ void frmVariazioneArticolo::Aggiorna()
 bool frmVariazioneArticolo::VariazioneArticoloEsistente()
 {
     try {
-        if (codiceGiaInUso(IDArticolo_) || !prezziAmmessi()) {
+        if (codiceGiaInUso() || !prezziAmmessi()) {
             return false;
         }
         clsArticolo articolo(sessione_);

@@ -26,9 +26,6 @@ private:
     void VisualizzaArticolo(std::int32_t id);
     void Aggiorna();
     bool VariazioneArticoloEsistente();
-
-    static constexpr std::int32_t nessuno = -1;
-    std::int32_t IDArticolo_ = nessuno;  // the article in the fields
 };
 
 }  // namespace bravona
