@@ -43,6 +43,7 @@ FormaPrincipale::FormaPrincipale(Desktop& desktop) : Form(desktop, "frmMain", "B
     voce(file, "mnuApri", "&Apri archivio");
     Menu& tabelle = file.add("mnuTabelle", "Tabelle");
     voce(tabelle, "mnuComuni", "&Gestione Comuni");
+    voce(tabelle, "mnuGruppi", "Gruppi");
     voce(tabelle, "mnuNascosta", "Note documenti").visible = false;
     file.addSeparator();
     voce(file, "mnuEsci", "&Esci").shortcut = "Ctrl+Q";

@@ -15,6 +15,7 @@
 
 #include "FormeDimostrative.h"
 #include "platform/qt/Binder.h"
+#include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/Shells.h"
@@ -135,12 +136,38 @@ TEST_F(Gesti, LeScorciatoieDelMenuValgonoOvunque)
     EXPECT_EQ(principale->scelta, "mnuNuovo");
 }
 
+TEST_F(Gesti, LeVociSenzaLetteraNeHannoUnaLibera)
+{
+    const auto voci = [](const QMenu& menu) {
+        QStringList testi;
+        for (const QAction* voce : menu.actions()) {
+            if (!voce->isSeparator())
+                testi << voce->text();
+        }
+        return fromQt(testi.join(QLatin1Char('|')));
+    };
+    const auto* shell = static_cast<MainShell*>(desktop.windowOf(*principale)->shell());
+    const QMenu& file = *shell->menuBar()->actions().front()->menu();
+    EXPECT_EQ(voci(file), "&Apri archivio|&Tabelle|&Esci");
+    EXPECT_EQ(voci(*file.actions()[1]->menu()), "&Gestione Comuni|G&ruppi|&Note documenti");
+}
+
+TEST_F(Gesti, NienteSiVedeFuoriDalleFinestre)
+{
+    int visibili = 0;
+    for (const QWidget* finestra : QApplication::topLevelWidgets())
+        visibili += finestra->isVisible() ? 1 : 0;
+    EXPECT_EQ(visibili, 1);  // the main window, and in it the child
+}
+
 TEST_F(Gesti, TabSegueIlDisegno)
 {
     controlli->txtLinea.setFocus();
     QTest::keyClick(&fuoco(), Qt::Key_Tab);  // past the read-only and the disabled one
     EXPECT_EQ(controlli->focusedControl(), &controlli->txtCifre);
     EXPECT_EQ(QApplication::focusWidget(), &widget(controlli->txtCifre));
+    // A mark that the style draws only where it believes that keys are in use.
+    EXPECT_TRUE(fuoco().window()->testAttribute(Qt::WA_KeyboardFocusChange));
     QTest::keyClick(&fuoco(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(controlli->focusedControl(), &controlli->txtLinea);
     EXPECT_EQ(controlli->txtLinea.selLength(), 5U);

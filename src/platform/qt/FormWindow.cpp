@@ -1,6 +1,6 @@
 #include "platform/qt/FormWindow.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -218,7 +218,9 @@ void FormWindow::show(QWidget* owner, MainShell* main)
     }
     if (!shell_->isVisible()) {
         placeShell();
-        content_->show();
+        if (kind_ != Kind::main) {
+            content_->show();  // the main window's own contents stand in no window
+        }
         const auto kept = desktop_.places().place(toQt(form_->name()));
         if (kept && kept->maximised && form_->style() != WindowStyle::dialog && kind_ != Kind::splash) {
             shell_->showMaximized();
@@ -334,7 +336,7 @@ void FormWindow::dropShell()
     content_->setParent(nullptr);
     content_->hide();
     desktop_.forget(*this);
-    shell_->hide();
+    hideShell();
     shell_->deleteLater();
     shell_.clear();
     scroll_.clear();
@@ -354,7 +356,18 @@ void FormWindow::hide()
 {
     if (shell_) {
         savePlace();
-        shell_->hide();
+        hideShell();
+    }
+}
+
+// The keyboard goes back to the window that a dialog lay on; not every window manager sees to it.
+void FormWindow::hideShell()
+{
+    const bool hadKeyboard = kind_ == Kind::window && shell_->isVisible() &&
+                             (QApplication::activeWindow() == nullptr || shell_->isActiveWindow());
+    shell_->hide();
+    if (QWidget* next = owner_ != nullptr ? owner_->window() : nullptr; hadKeyboard && next && next->isVisible()) {
+        next->activateWindow();
     }
 }
 
@@ -371,7 +384,7 @@ void FormWindow::detach()
     desktop_.forget(*this);
     form_ = nullptr;
     if (shell_) {
-        shell_->hide();
+        hideShell();
     }
 }
 
@@ -518,6 +531,8 @@ void FormWindow::takeFocus(const Control& control)
         }
     }
     target->setFocus(Qt::OtherFocusReason);
+    // The style marks the focus only where it believes that keys are in use.
+    target->window()->setAttribute(Qt::WA_KeyboardFocusChange);
     known->focused();
     if (scroll_) {
         scroll_->ensureWidgetVisible(target, theme::unit(), theme::unit());

@@ -64,6 +64,7 @@ private:
     void makeChild(MainShell& main);
     void makeWindow(QWidget* owner, bool bare);
     void dropShell();
+    void hideShell();
     void followForm();
     void followMenu();
     void followLines();

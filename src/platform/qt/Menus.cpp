@@ -3,6 +3,9 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
+#include <set>
+#include <vector>
 
 #include "platform/qt/Conversions.h"
 #include "platform/text/Text.h"
@@ -11,9 +14,39 @@ namespace bravona::menus {
 
 namespace {
 
-void followEntry(QAction& action, const Menu& entry)
+// The captions of a menu's entries, with a letter to choose by for those that bring none: the first of their letters,
+// beginnings of words before the others, that no other entry has.
+std::vector<QString> captions(const Menu& record)
 {
-    const QString caption = toQt(entry.caption);
+    std::vector<QString> result;
+    std::set<char32_t> taken;
+    for (const auto& entry : record.entries) {
+        result.push_back(toQt(entry->caption));
+        if (const char32_t letter = mnemonic(entry->caption)) {
+            taken.insert(letter);
+        }
+    }
+    const auto mark = [&taken](QString& caption, bool beginnings) {
+        for (qsizetype i = 0; i < caption.size(); ++i) {
+            const bool beginning = i == 0 || caption[i - 1].isSpace() || caption[i - 1] == u'/';
+            if (caption[i].isLetter() && beginning == beginnings &&
+                taken.insert(caption[i].toUpper().unicode()).second) {
+                caption.insert(i, u'&');
+                return true;
+            }
+        }
+        return false;
+    };
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        if (!record.entries[i]->separator && mnemonic(record.entries[i]->caption) == 0 && !mark(result[i], true)) {
+            mark(result[i], false);
+        }
+    }
+    return result;
+}
+
+void followEntry(QAction& action, const Menu& entry, const QString& caption)
+{
     if (action.text() != caption) {
         action.setText(caption);
     }
@@ -27,6 +60,7 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
     if (actions.size() != static_cast<qsizetype>(record.entries.size())) {
         return false;
     }
+    const std::vector<QString> texts = captions(record);
     for (qsizetype i = 0; i < actions.size(); ++i) {
         const Menu& entry = *record.entries[static_cast<std::size_t>(i)];
         QAction& action = *actions[i];
@@ -36,7 +70,7 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
             return false;
         }
         if (!entry.separator) {
-            followEntry(action, entry);
+            followEntry(action, entry, texts[static_cast<std::size_t>(i)]);
         }
     }
     return true;
@@ -45,8 +79,9 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
 template <class Target>
 void addEntries(Target& target, Menu& record, const Chosen& chosen)
 {
-    for (const auto& entry : record.entries) {
-        Menu& one = *entry;
+    const std::vector<QString> texts = captions(record);
+    for (std::size_t i = 0; i < record.entries.size(); ++i) {
+        Menu& one = *record.entries[i];
         if (one.separator) {
             target.addSeparator()->setObjectName(toQt(one.name));
             continue;
@@ -69,7 +104,7 @@ void addEntries(Target& target, Menu& record, const Chosen& chosen)
             action = target.addMenu(inner);
         }
         action->setObjectName(toQt(one.name));
-        followEntry(*action, one);
+        followEntry(*action, one, texts[i]);
     }
 }
 
@@ -101,6 +136,14 @@ bool openByLetter(QMenuBar& bar, char32_t letter)
             mnemonic(fromQt(action->text())) == wanted.front()) {
             bar.setFocus(Qt::MenuBarFocusReason);
             bar.setActiveAction(action);
+            if (QMenu* menu = action->menu()) {
+                const QList<QAction*> entries = menu->actions();
+                const auto first = std::ranges::find_if(
+                    entries, [](const QAction* entry) { return entry->isVisible() && entry->isEnabled(); });
+                if (first != entries.end()) {
+                    menu->setActiveAction(*first);
+                }
+            }
             return true;
         }
     }
