@@ -77,10 +77,12 @@ void frmCodiciIva::Nuovo()
         return;
     }
     auto& tabella = TabellaIvaDi(sessione_);
-    if (tabella.AddCodiceIVA(NuovoCodice, Currency::fromEuro(NuovaAliquota), Descrizione)) {
+    const bool aggiunto = tabella.AddCodiceIVA(NuovoCodice, Currency::fromEuro(NuovaAliquota), Descrizione);
+    tabella.VisualizzaTabellaIvaSuListView(lvwCodiciIva);
+    if (aggiunto) {
+        lvwCodiciIva.select(lvwCodiciIva.rowCount() - 1);
         Annuncia(sessione_, "Codice IVA " + NuovoCodice + " aggiunto");
     }
-    tabella.VisualizzaTabellaIvaSuListView(lvwCodiciIva);
 }
 
 void frmCodiciIva::Modifica()

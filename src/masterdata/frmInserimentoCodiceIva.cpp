@@ -26,7 +26,7 @@ frmInserimentoCodiceIva::frmInserimentoCodiceIva(Sessione& sessione)
     add("Command1", Command1);
     setLayout(layout::column(
         {layout::form({layout::line("&Codice", layout::row({layout::of(txtCodice), layout::stretch()})),
-                       layout::line("Aliquota &%", layout::row({layout::of(txtAliquota), layout::stretch()})),
+                       layout::line("A&liquota %", layout::row({layout::of(txtAliquota), layout::stretch()})),
                        layout::line("&Descrizione", layout::of(txtDescrizione))}),
          layout::rowEnd({layout::of(Command1[0]), layout::of(Command1[1])})}));
     setDefaultButton(&Command1[0]);

@@ -107,7 +107,7 @@ QSize DataGridWidget::sizeHint() const
 {
     return {std::clamp(horizontalHeader()->length() + verticalHeader()->width() + theme::pixels(24), theme::pixels(320),
                        theme::pixels(900)),
-            horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 8 + 4};
+            horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 12 + 4};
 }
 
 QSize DataGridWidget::minimumSizeHint() const

@@ -400,6 +400,12 @@ QSize FormWindow::wantedSize() const
         size.setHeight(std::max(content_->layout()->totalHeightForWidth(size.width() - bar),
                                 content_->minimumSizeHint().height()));
     }
+    if (kind_ == Kind::child || kind_ == Kind::window) {
+        // No title is cut by the buttons beside it.
+        const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+        const int title = metrics.horizontalAdvance(toQt(form_->caption())) * 6 / 5 + theme::pixels(130);
+        size.setWidth(std::max(size.width(), title));
+    }
     if (kind_ == Kind::child) {
         // The frame and the title around the contents.
         const int frame = shell_->style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, shell_);
@@ -446,7 +452,7 @@ void FormWindow::placeShell()
     place.moveLeft(std::clamp(place.left(), space.left(), std::max(space.left(), space.right() - place.width() + 1)));
     place.moveTop(std::clamp(place.top(), space.top(), std::max(space.top(), space.bottom() - place.height() + 1)));
     shell_->move(place.topLeft());
-    placed_ = true;
+    placedAt_ = QRect(shell_->pos(), shell_->size());
 }
 
 void FormWindow::savePlace()
@@ -456,8 +462,11 @@ void FormWindow::savePlace()
     }
     const bool maximised = shell_->isMaximized();
     QRect rect(shell_->pos(), shell_->size());
+    const auto kept = desktop_.places().place(toQt(form_->name()));
+    if (rect == placedAt_ && !maximised && !(kept && kept->maximised)) {
+        return;  // nobody moved it
+    }
     if (maximised) {
-        const auto kept = desktop_.places().place(toQt(form_->name()));
         rect = kept ? kept->rect : QRect(shell_->pos(), wantedSize());
     }
     desktop_.places().setPlace(toQt(form_->name()), {rect, maximised});
@@ -475,6 +484,7 @@ void FormWindow::centre(bool onScreen)
     QRect place(QPoint(), shell_->size());
     place.moveCenter(space.center());
     shell_->move(std::max(place.left(), 0), std::max(place.top(), 0));
+    placedAt_ = QRect(shell_->pos(), shell_->size());
 }
 
 void FormWindow::growLater()
@@ -506,6 +516,7 @@ void FormWindow::grow()
     if (size == shell_->size()) {
         return;
     }
+    const bool untouched = QRect(shell_->pos(), shell_->size()) == placedAt_;
     if (fixed) {
         shell_->setFixedSize(size);
     } else {
@@ -515,6 +526,9 @@ void FormWindow::grow()
     place.moveLeft(std::max(space.left(), std::min(place.left(), space.right() - place.width() + 1)));
     place.moveTop(std::max(space.top(), std::min(place.top(), space.bottom() - place.height() + 1)));
     shell_->move(place.topLeft());
+    if (untouched) {
+        placedAt_ = QRect(shell_->pos(), shell_->size());
+    }
 }
 
 void FormWindow::takeFocus(const Control& control)

@@ -85,7 +85,7 @@ private:
     Kind kind_ = Kind::none;
     QPointer<QWidget> owner_;
     QPointer<QMenuBar> ownMenu_;  // of a window that is not the main one
-    bool placed_ = false;         // at least once
+    QRect placedAt_;              // where the program put it
     bool growing_ = false;        // waits to
     struct Line {
         QPointer<QLabel> label;

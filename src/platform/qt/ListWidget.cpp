@@ -137,6 +137,15 @@ void ListWidget::paintEvent(QPaintEvent* event)
     }
 }
 
+// With nothing selected yet the toolkit takes every key for the first row.
+QModelIndex ListWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    if (!currentIndex().isValid() && action == MoveEnd && model()->rowCount() > 0) {
+        return model()->index(model()->rowCount() - 1, 0);
+    }
+    return QTreeView::moveCursor(action, modifiers);
+}
+
 void ListWidget::mousePressEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());

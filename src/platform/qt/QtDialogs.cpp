@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPageSize>
@@ -22,6 +23,7 @@
 #include "platform/qt/Pictures.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/Shells.h"
+#include "platform/qt/Theme.h"
 #include "platform/text/Text.h"
 
 namespace bravona {
@@ -151,6 +153,14 @@ MsgAnswer QtDesktop::doMessageBox(const MessageBox& box)
     window->setText(toQt(box.text));
     window->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     window->setIcon(iconOf(box.icon));
+    // Lines break where the text breaks them, as long as there is room.
+    if (auto* label = window->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        int widest = 0;
+        for (const QString& line : window->text().split(QLatin1Char('\n'))) {
+            widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+        }
+        label->setMinimumWidth(std::min(widest + theme::unit(), theme::pixels(620)));
+    }
     addButtons(*window, box.buttons);
     window->setWindowModality(window->parentWidget() != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     bool over = false;

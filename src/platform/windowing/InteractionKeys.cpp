@@ -196,7 +196,8 @@ bool Interaction::shortcut(Form& form, const KeyEvent& event)
     return false;
 }
 
-// Keys that mean the same whatever draws the control: Space on what can be clicked, arrows among options and pages.
+// Keys that mean the same whatever draws the control: Space on what can be clicked, arrows among options and pages and
+// on a number that can be spun.
 bool Interaction::widgetKey(Control& control, const KeyEvent& event)
 {
     const bool forward = event.key == Key::right || event.key == Key::down;
@@ -246,6 +247,20 @@ bool Interaction::widgetKey(Control& control, const KeyEvent& event)
     }
     case ControlKind::scrollBar:
         return static_cast<ScrollBar&>(control).userKey(event.key);
+    case ControlKind::textBox: {
+        // A number with spin arrows beside it.
+        if ((event.key != Key::up && event.key != Key::down) || event.alt || event.ctrl || control.form() == nullptr) {
+            return false;
+        }
+        for (Control* beside : control.form()->tabOrder()) {
+            if (beside->kind() == ControlKind::spinButton && usable(*beside) &&
+                static_cast<SpinButton*>(beside)->buddy == &control) {
+                static_cast<SpinButton*>(beside)->spin(event.key == Key::up);
+                return true;
+            }
+        }
+        return false;
+    }
     default:
         return false;
     }
@@ -415,7 +430,14 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
     if (!first.command || targets.size() > 1) {
         desktop_.guard([&] { focus(*first.control); });
     } else if (first.page >= 0) {
-        tab(static_cast<TabControl&>(*first.control), first.page);
+        auto& tabs = static_cast<TabControl&>(*first.control);
+        tab(tabs, first.page);
+        // Where the screen says nothing else, the page is opened to be typed in.
+        if (form.focused_ == &tabs && tabs.tab() == first.page) {
+            if (Control* inside = next(form, &tabs, false); inside != nullptr) {
+                focus(*inside);
+            }
+        }
     } else {
         click(*first.control);
     }
