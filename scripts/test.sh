@@ -79,8 +79,8 @@ collect() {
         if ((status != 0)); then
             echo "--- $name ended with $status"
             case $name in
-            core* | qt*) grep -vE '^\[( RUN      |       OK |----------)\]' "$log" | tail -n 80 || true ;;
-            journeys*) grep -v '^ok ' "$log" | tail -n 80 || true ;;
+            core* | qt*) grep -vE '^(\[( RUN      |       OK |----------)\]|This plugin does not support)' "$log" | tail -n 80 || true ;;
+            journeys*) grep -vE '^(ok |This plugin does not support)' "$log" | tail -n 80 || true ;;
             *) tail -n 80 "$log" ;;
             esac
         else

@@ -56,6 +56,7 @@ BloccoCliente::BloccoCliente(Sessione& sessione, EditorRighe& righe, CampiClient
     cmdDestinazioneMerce.onClick = [this] {
         if (IDCliente <= 0) {
             sessione_.desktop().inform("Indicare prima il cliente!", titolo_);
+            txtCliente[nome].setFocus();
             return;
         }
         auto& scelta = sessione_.schermate().as<frmSelezioneDestinazione>("frmSelezioneDestinazione");
@@ -126,6 +127,8 @@ void BloccoCliente::nessunCliente()
 void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
 {
     if (id <= 0) {
+        // Another screen may have looked for suppliers meanwhile.
+        sessione_.TipoAnagraficaCorrente = "C";
         id = RicercaClientiFornitori(sessione_, tabellaClienti, txtCliente[nome].text(), perNome);
         if (id == ricerca::nessunRecord) {
             nessunCliente();

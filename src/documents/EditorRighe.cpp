@@ -153,6 +153,9 @@ void EditorRighe::collegaCampi()
         if (evento.key == Key::f3 || (evento.key == Key::enter && codiceDaCercare())) {
             evento.drop();
             cercaArticolo(perCodice);
+        } else if (evento.key == Key::down && lvwDettagli.rowCount() > 0 && lvwDettagli.enabled()) {
+            evento.drop();
+            lvwDettagli.setFocus();
         }
     };
     txtDescrizione.onKeyDown = [this](KeyEvent& evento) {
@@ -205,6 +208,14 @@ void EditorRighe::collegaCampi()
     lvwDettagli.onDblClick = [this] {
         if (!inModifica() && cmdDettagli[1].effectivelyEnabled())
             comando(1);
+    };
+    lvwDettagli.onKeyDown = [this](KeyEvent& evento) {
+        const int indice = evento.key == Key::enter ? 1 : evento.key == Key::del ? 2 : 0;
+        if (indice != 0 && lvwDettagli.selected() && !inModifica() &&
+            cmdDettagli[static_cast<std::size_t>(indice)].effectivelyEnabled()) {
+            evento.drop();
+            comando(indice);
+        }
     };
     cmdDettagliIVA.onClick = [this] {
         auto& finestra = sessione_.schermate().as<frmDettagliIVA>("frmDettagliIVA");

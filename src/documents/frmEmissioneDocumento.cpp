@@ -46,6 +46,10 @@ frmEmissioneDocumento::frmEmissioneDocumento(Sessione& sessione)
     registraControlli();
     setLayout(disponi());
     intestazione.cmbRegistro.onClick = [this] { proponiNumero(); };
+    intestazione.dtpDataDocumento.onRefused = [this] {
+        desktop().inform("Valore non valido!", titoloMessaggi);
+        intestazione.dtpDataDocumento.setFocus();
+    };
     SSTabDocumento.onChange = [this](int) { cambiaScheda(); };
     righe.statoCambiato = [this] { pulsantiPredefiniti(); };
     cmdRicalcola.onClick = [this] {

@@ -137,7 +137,7 @@ Layout SchedaCliente::paginaAnagrafica(std::vector<Layout> accantoIndirizzo)
                line(lblCitta_, row(std::move(luogo))), line("&Stato", row({of(txtStato), stretch()})),
                line("Te&lefono", row({of(campo[6]), form({line("Cell&ulare", of(campo[7]))}),
                                       form({line("Fa&x", of(campo[8]))}), stretch()})),
-               line("E-&mail", of(campo[9])),
+               line("&E-mail", of(campo[9])),
                line("Partita I.&V.A.", row({of(campo[13]), form({line("Cod. &fiscale", of(campo[14]))}), stretch()})),
                line("Tipo", row({of(Option1), of(Option2), stretch()}))}),
          row({of(lblObbligatori_), stretch()})});

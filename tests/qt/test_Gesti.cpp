@@ -398,7 +398,7 @@ TEST_F(Gesti, LaFinestraModaleSiChiudeEIlPostoSiRicorda)
     });
     modale.showModal();
     EXPECT_TRUE(bloccata);
-    EXPECT_EQ(desktop.places().place(QStringLiteral("frmDocumento"))->rect.size(), QSize(1000, 700));
+    EXPECT_EQ(desktop.places().place(QStringLiteral("frmDocumento.finestra"))->rect.size(), QSize(1000, 700));
     EXPECT_EQ(desktop.front(), controlli);
 }
 

@@ -221,7 +221,7 @@ void FormWindow::show(QWidget* owner, MainShell* main)
         if (kind_ != Kind::main) {
             content_->show();  // the main window's own contents stand in no window
         }
-        const auto kept = desktop_.places().place(toQt(form_->name()));
+        const auto kept = desktop_.places().place(placeKey());
         if (kept && kept->maximised && form_->style() != WindowStyle::dialog && kind_ != Kind::splash) {
             shell_->showMaximized();
         } else {
@@ -390,6 +390,12 @@ void FormWindow::detach()
 
 // --- places
 
+// A form may be a child at one time and a dialog at another, each with coordinates of its own.
+QString FormWindow::placeKey() const
+{
+    return toQt(form_->name() + (kind_ == Kind::window ? ".finestra" : ""));
+}
+
 QSize FormWindow::wantedSize() const
 {
     QSize size = content_->sizeHint().expandedTo(content_->minimumSizeHint());
@@ -429,13 +435,15 @@ void FormWindow::placeShell()
 {
     const QRect space = room();
     const bool fixed = form_->style() == WindowStyle::dialog || kind_ == Kind::splash;
-    const auto kept = desktop_.places().place(toQt(form_->name()));
+    const auto kept = desktop_.places().place(placeKey());
     QSize size = kind_ == Kind::main ? QSize(theme::pixels(1180), theme::pixels(780)) : wantedSize();
     if (kept && !fixed) {
         size = kind_ == Kind::main ? kept->rect.size()
                                    : kept->rect.size().expandedTo(wantedSize().boundedTo(space.size()));
     }
-    size = size.boundedTo(space.size());
+    // A window of the screen has a frame around it that its own size leaves out.
+    const QSize frame = kind_ == Kind::main ? QSize(theme::pixels(12), theme::pixels(40)) : QSize();
+    size = size.boundedTo(space.size() - frame);
     if (fixed) {
         shell_->setFixedSize(size);
     } else {
@@ -462,19 +470,19 @@ void FormWindow::savePlace()
     }
     const bool maximised = shell_->isMaximized();
     QRect rect(shell_->pos(), shell_->size());
-    const auto kept = desktop_.places().place(toQt(form_->name()));
+    const auto kept = desktop_.places().place(placeKey());
     if (rect == placedAt_ && !maximised && !(kept && kept->maximised)) {
         return;  // nobody moved it
     }
     if (maximised) {
         rect = kept ? kept->rect : QRect(shell_->pos(), wantedSize());
     }
-    desktop_.places().setPlace(toQt(form_->name()), {rect, maximised});
+    desktop_.places().setPlace(placeKey(), {rect, maximised});
 }
 
 void FormWindow::centre(bool onScreen)
 {
-    if (!shell_ || desktop_.places().place(toQt(form_->name()))) {
+    if (!shell_ || desktop_.places().place(placeKey())) {
         return;  // where the person left it, or in the middle by itself
     }
     QRect space = room();
@@ -516,13 +524,17 @@ void FormWindow::grow()
     if (size == shell_->size()) {
         return;
     }
-    const bool untouched = QRect(shell_->pos(), shell_->size()) == placedAt_;
+    const QSize before = shell_->size();
+    const bool untouched = QRect(shell_->pos(), before) == placedAt_;
     if (fixed) {
         shell_->setFixedSize(size);
     } else {
         shell_->resize(size);
     }
     QRect place(shell_->pos(), size);
+    if (untouched && !desktop_.places().place(placeKey())) {
+        place.moveCenter(QRect(shell_->pos(), before).center());
+    }
     place.moveLeft(std::max(space.left(), std::min(place.left(), space.right() - place.width() + 1)));
     place.moveTop(std::max(space.top(), std::min(place.top(), space.bottom() - place.height() + 1)));
     shell_->move(place.topLeft());

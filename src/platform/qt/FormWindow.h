@@ -72,6 +72,7 @@ private:
     void placeShell();
     void growLater();  // to contents that have become larger
     void grow();
+    [[nodiscard]] QString placeKey() const;
     [[nodiscard]] QSize wantedSize() const;
     [[nodiscard]] QRect room() const;  // for the shell, in its parent's coordinates or the screen's
     void closeAsked();

@@ -143,6 +143,10 @@ bool InputFilter::leftOver(FormWindow& window, QWidget& target, QKeyEvent& event
     if (windowKey(window, event)) {
         return true;
     }
+    const KeyEvent pressed = toKeyEvent(event);
+    if (pressed.key == Key::character && pressed.alt && !pressed.ctrl) {
+        return true;  // a letter that belongs to nothing is none to be typed
+    }
     pass(binder != nullptr && binder->alive() && binder->focusWidget() != nullptr ? *binder->focusWidget() : target,
          copy);
     return true;

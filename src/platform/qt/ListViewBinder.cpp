@@ -97,7 +97,12 @@ void ListViewBinder::detach()
 
 QString ListViewBinder::widthsKey() const
 {
-    return toQt(c().form()->name() + "." + c().fullName());
+    // One list may show different tables.
+    QString key = toQt(c().form()->name() + "." + c().fullName());
+    for (const ListColumn& column : c().columns()) {
+        key += u'.' + toQt(column.caption);
+    }
+    return key;
 }
 
 void ListViewBinder::followColumns()

@@ -178,6 +178,11 @@ QColor faint(const QPalette& palette)
     return mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.62);
 }
 
+QColor tinted(const QPalette& palette)
+{
+    return mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.28);
+}
+
 QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnly)
 {
     QPalette result = base;

@@ -29,7 +29,8 @@ bool dark(const QPalette& palette);
 double contrast(const QColor& a, const QColor& b);
 // The colour as it stands on a light ground, lightened to a contrast of 4.5 : 1 on a dark one.
 QColor readable(Colour colour, const QColor& ground);
-QColor faint(const QPalette& palette);  // text of hints and empty lists
+QColor faint(const QPalette& palette);   // text of hints and empty lists
+QColor tinted(const QPalette& palette);  // ground of what is selected where the focus is not
 
 // Palette of an entry field: its own colours (the focus yellow with black text, whatever the palette) or the system's;
 // a read-only one lies on the window's background.

@@ -187,11 +187,18 @@ void DatePicker::userTyped(std::string text)
     }
 }
 
-void DatePicker::endTyping()
+bool DatePicker::endTyping()
 {
-    if (typed_) {
-        setDate(Date::parse(*typed_).value_or(date_));
+    if (!typed_) {
+        return true;
     }
+    const std::optional<Date> read = Date::parse(*typed_);
+    setDate(read.value_or(date_));
+    if (!read && onRefused) {
+        onRefused();
+        return false;
+    }
+    return true;
 }
 
 void SpinButton::spin(bool up)

@@ -137,9 +137,11 @@ public:
     // What the hand typed so far; becomes the date as soon as it reads as one with its whole year.
     void userTyped(std::string text);
     // The field is left or Enter pressed: what reads as a date, the year in two digits perhaps, becomes it; else the
-    // old date shows again. Called by the core when the focus goes.
-    void endTyping();
+    // old date shows again, and `onRefused`, where there is one, says why: the answer is false then, and the focus
+    // stays. Called by the core when the focus goes.
+    bool endTyping();
     std::function<void()> onChange;
+    std::function<void()> onRefused;
 
 private:
     Date date_;

@@ -133,8 +133,8 @@ bool Interaction::moveFocus(Control& control)
     return form->focused_ == &control;
 }
 
-// Raises `onLostFocus` once. False when a grid keeps its cell, a handler took the focus, or it failed: then nothing has
-// moved.
+// Raises `onLostFocus` once. False when a grid keeps its cell or a date is none, a handler took the focus, or it
+// failed: then nothing has moved.
 bool Interaction::leave(Form& form)
 {
     Control* control = form.focused_;
@@ -144,8 +144,8 @@ bool Interaction::leave(Form& form)
     if (control->kind() == ControlKind::dataGrid && !static_cast<DataGrid*>(control)->userLeave()) {
         return false;
     }
-    if (control->kind() == ControlKind::datePicker) {
-        static_cast<DatePicker*>(control)->endTyping();
+    if (control->kind() == ControlKind::datePicker && !static_cast<DatePicker*>(control)->endTyping()) {
+        return false;
     }
     form.fieldLeft_ = true;
     if (control->kind() == ControlKind::textBox || control->kind() == ControlKind::datePicker) {
