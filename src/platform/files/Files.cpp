@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/files/FileAccanto.h"
 #include "platform/values/Errore.h"
 
 namespace bravona {
@@ -17,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t permessiNuovoFile = 0666;  // less what the user's mask takes away
 constexpr mode_t soloPermessi = 07777;
 constexpr std::size_t blocco = std::size_t{1} << 18;
 constexpr std::size_t pezzo = std::size_t{1} << 22;  // between two calls of `betweenPieces`
@@ -86,48 +86,9 @@ public:
         }
     }
     [[nodiscard]] int operator*() const { return fd_; }
-    // Closes and tells of a failure: some file systems report a failed write only here.
-    void chiudi(const std::string& path)
-    {
-        const int esito = ::close(fd_);
-        fd_ = -1;
-        if (esito != 0 && errno != EINTR) {
-            fallitoPerCodice(errno, path);
-        }
-    }
 
 private:
     int fd_;
-};
-
-// The file beside the target, gone with the scope unless it has taken the target's place.
-class FileAccanto {
-public:
-    explicit FileAccanto(const fs::path& bersaglio)
-        : percorso_((bersaglio.parent_path() / ("." + bersaglio.filename().string() + ".nuovo")).string())
-    {
-        ::unlink(percorso_.c_str());
-    }
-    FileAccanto(const FileAccanto&) = delete;
-    FileAccanto& operator=(const FileAccanto&) = delete;
-    ~FileAccanto()
-    {
-        if (!alSuoPosto_) {
-            ::unlink(percorso_.c_str());
-        }
-    }
-    [[nodiscard]] const std::string& percorso() const { return percorso_; }
-    void alPostoDi(const std::string& bersaglio)
-    {
-        if (::rename(percorso_.c_str(), bersaglio.c_str()) != 0) {
-            fallitoPerCodice(errno, bersaglio);
-        }
-        alSuoPosto_ = true;
-    }
-
-private:
-    std::string percorso_;
-    bool alSuoPosto_ = false;
 };
 
 void scrivi(int fd, const std::uint8_t* dati, std::size_t quanti, const std::string& path)
@@ -194,6 +155,30 @@ void consolidaCartella(const fs::path& file)
         return;
     }
     fallitoPerCodice(errno, cartella.string());
+}
+
+// A folder that is gone went with its drive, pulled out meanwhile.
+[[noreturn]] void nonApribile(int codice, const fs::path& file)
+{
+    std::error_code ec;
+    const fs::path cartella = file.parent_path();
+    if (codice == ENOENT && !cartella.empty() && !fs::exists(cartella, ec)) {
+        fallito(errori::unitaNonPronta, cartella.string());
+    }
+    fallitoPerCodice(codice, file.string());
+}
+
+// The bytes count for more: a file system without permissions, or one that keeps them to another person, takes them as
+// they come.
+void tieniPermessi(int fd, mode_t vecchi, const std::string& path)
+{
+    struct stat nuovo {};
+    if (::fstat(fd, &nuovo) == 0 && (nuovo.st_mode & soloPermessi) == (vecchi & soloPermessi)) {
+        return;
+    }
+    if (::fchmod(fd, vecchi & soloPermessi) != 0 && errno != EPERM && errno != ENOTSUP) {
+        fallitoPerCodice(errno, path);
+    }
 }
 
 // The file at the end of the links, which need not exist.
@@ -289,22 +274,24 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
     }
 
     FileAccanto accanto(bersaglio);
-    Descrittore fd(
-        ::open(accanto.percorso().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessiNuovoFile));
-    if (*fd < 0) {
+    if (accanto.codice() != 0) {
+        nonApribile(accanto.codice(), bersaglio);
+    }
+    if (esiste) {
+        tieniPermessi(accanto.fd(), vecchio.st_mode, bersaglio.string());
+    }
+    write(accanto.fd());
+    if (::fsync(accanto.fd()) != 0) {
         fallitoPerCodice(errno, bersaglio.string());
     }
-    if (esiste && ::fchmod(*fd, vecchio.st_mode & soloPermessi) != 0) {
-        fallitoPerCodice(errno, bersaglio.string());
+    if (const int codice = accanto.chiudi(); codice != 0) {
+        fallitoPerCodice(codice, bersaglio.string());
     }
-    write(*fd);
-    if (::fsync(*fd) != 0) {
-        fallitoPerCodice(errno, bersaglio.string());
-    }
-    fd.chiudi(bersaglio.string());
     checkFault(richiesto.string());
     checkFault(bersaglio.string());
-    accanto.alPostoDi(bersaglio.string());
+    if (const int codice = accanto.alPostoDi(bersaglio.string()); codice != 0) {
+        fallitoPerCodice(codice, bersaglio.string());
+    }
     consolidaCartella(bersaglio);
 }
 

@@ -11,8 +11,8 @@
 namespace bravona {
 
 // The file service: every write of the program outside the archive goes through it. Failures are Errore 53 (missing),
-// 61 (no room), 70 (no permission), 71 (drive not ready), 75 (path error: a directory, an unreadable file); the
-// description names the path.
+// 61 (no room), 70 (no permission), 71 (drive not ready, also a folder to write into that is gone), 75 (path error: a
+// directory, an unreadable file); the description names the path.
 // A path may be written with "\" between folders; it means the machine's separator.
 class Files {
 public:
@@ -21,8 +21,9 @@ public:
     [[nodiscard]] std::uint64_t size(const std::string& path) const;
     [[nodiscard]] Bytes read(const std::string& path) const;
     // Writes beside the target, flushes, renames over it and flushes the folder: the target holds the old bytes or the
-    // new. A link is followed: the file that it points to is replaced. The target's permissions are kept. After a
-    // failure nothing lies beside it; what a kill left there goes at the next replacement.
+    // new, also when two write it at a time. A link is followed: the file that it points to is replaced. The target's
+    // permissions are kept where the file system keeps any. After a failure nothing lies beside it; what a kill left
+    // there goes at the next replacement.
     void replace(const std::string& path, const Bytes& bytes);
     // Copies as `replace` writes, a piece at a time.
     void copy(const std::string& from, const std::string& to);

@@ -1,15 +1,23 @@
 #include "platform/files/Files.h"
 
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <filesystem>
 
 #include "platform/values/Errore.h"
 #include "support/Fallimento.h"
+#include "support/MorteAllIstante.h"
 
 namespace bravona {
 namespace {
@@ -19,6 +27,20 @@ namespace fs = std::filesystem;
 Bytes byte(std::string_view testo)
 {
     return {testo.begin(), testo.end()};
+}
+
+// From here on the system answers this process that permissions are not its to change.
+bool rifiutaIPermessi()
+{
+    sock_filter regole[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_fchmod, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog programma{static_cast<unsigned short>(std::size(regole)), regole};
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programma) == 0;
 }
 
 class FilesTest : public testing::Test {
@@ -98,11 +120,77 @@ TEST_F(FilesTest, PermissionsOfTheTargetAreKept)
 
 TEST_F(FilesTest, AKilledReplacementLeavesNoObstacle)
 {
+    const Bytes prima(1000, 'a');
+    const Bytes dopo(2000, 'b');
+    bool resti = false;
+    for (int istante = 1;; ++istante) {
+        files_.replace(in("a"), prima);
+        if (!uccidiAllIstante(istante, [&] { files_.replace(in("a"), dopo); })) {
+            break;
+        }
+        const Bytes letti = files_.read(in("a"));
+        EXPECT_TRUE(letti == prima || letti == dopo) << istante;
+        resti = resti || contenuto().size() > 1;
+        files_.replace(in("a"), dopo);
+        EXPECT_EQ(contenuto(), std::vector<std::string>{"a"}) << istante;
+    }
+    EXPECT_TRUE(resti) << "nothing was to be cleared";
+}
+
+TEST_F(FilesTest, TwoWritersOfOneTargetDoNotMeet)
+{
+    const Bytes grande(10'000'000, 'g');
+    const Bytes altri(1000, 'a');
+    Files secondo;
+    int volte = 0;
     files_.replace(in("a"), byte("uno"));
-    files_.replace(in(".a.nuovo"), byte("resto"));
-    files_.replace(in("a"), byte("due"));
-    EXPECT_EQ(files_.read(in("a")), byte("due"));
+    files_.betweenPieces = [&] {
+        ++volte;
+        secondo.replace(in("a"), altri);
+        EXPECT_EQ(secondo.read(in("a")), altri);
+    };
+    files_.replace(in("a"), grande);
+    files_.betweenPieces = {};
+    EXPECT_GT(volte, 1);
+    EXPECT_EQ(files_.read(in("a")), grande);
     EXPECT_EQ(contenuto(), std::vector<std::string>{"a"});
+}
+
+TEST_F(FilesTest, FilesOfSimilarNamesAreThePersonsOwn)
+{
+    const std::vector<std::string> suoi{".a..nuovo", ".a.1-.nuovo", ".a.12.nuovo", ".a.nuovo", ".a.x-1.nuovo", "a"};
+    for (const std::string& nome : suoi) {
+        files_.replace(in(nome), byte("suo"));
+    }
+    files_.replace(in("a"), byte("due"));
+    EXPECT_EQ(contenuto(), suoi);
+    files_.copy(in(".a.nuovo"), in("a"));
+    EXPECT_EQ(contenuto(), suoi);
+    // The longest name there is still has room for the one beside it.
+    files_.replace(in(std::string(255, 'x')), byte("uno"));
+    files_.replace(in(std::string(255, 'x')), byte("due"));
+    EXPECT_EQ(files_.read(in(std::string(255, 'x'))), byte("due"));
+}
+
+// A stick mounted for everybody: the files are another's, and their permissions cannot be changed.
+TEST_F(FilesTest, PermissionsThatCannotBeKeptAreNoReasonToRefuse)
+{
+    files_.replace(in("a"), byte("uno"));
+    fs::permissions(in("a"), fs::perms(0600));
+    const pid_t processo = ::fork();
+    if (processo == 0) {
+        bool fatto = rifiutaIPermessi();
+        try {
+            files_.replace(in("a"), byte("due"));
+        } catch (...) {
+            fatto = false;
+        }
+        ::_exit(fatto ? 0 : 1);
+    }
+    int stato = 0;
+    ASSERT_EQ(::waitpid(processo, &stato, 0), processo);
+    EXPECT_EQ(stato, 0);
+    EXPECT_EQ(files_.read(in("a")), byte("due"));
 }
 
 TEST_F(FilesTest, FaultsStrikeOnceAndLeaveTheOldBytes)
@@ -158,7 +246,7 @@ TEST_F(FilesTest, FailuresHaveTheirNumbers)
     EXPECT_EQ(lettura("manca/file"), errori::fileMancante);
     EXPECT_EQ(lettura("file/sotto"), errori::fileMancante);
     EXPECT_EQ(lettura("cartella"), errori::erroreDiPercorso);
-    EXPECT_EQ(scrittura("manca/file"), errori::fileMancante);
+    EXPECT_EQ(scrittura("manca/file"), errori::unitaNonPronta) << "the drive may have been pulled out";
     EXPECT_EQ(scrittura("cartella"), errori::erroreDiPercorso);
     EXPECT_EQ(scrittura(std::string(300, 'x')), errori::erroreDiPercorso);
     EXPECT_EQ(numeroDelFallimento([&] { return files_.size(in("manca")); }), errori::fileMancante);
