@@ -5,6 +5,17 @@
 
 namespace bravona {
 
+namespace {
+
+// Numbers and lists go on in the reference year, which an older archive may not have.
+bool annoPresente(Sessione& sessione)
+{
+    return !sessione.cn.isOpen() || sessione.AnnoRiferimento == "0" ||
+           !sessione.cn.open("SELECT AnnoArchivio FROM Archivi WHERE AnnoArchivio=" + sessione.AnnoRiferimento).eof();
+}
+
+}  // namespace
+
 FRMRipristino::FRMRipristino(Sessione& sessione)
     : FinestraBackup(sessione, "FRMRipristino", "Ripristino Database",
                      {.prima = "Lettura Backup ...",
@@ -78,14 +89,17 @@ void FRMRipristino::Ripristina()
         desktop().inform("Seleziona File Backup e Clicka su Ripristina...", "Seleziona Cartella ...");
         return;
     }
-    clsHuffman::Esito esito;
+    const auto fatto = [&](const clsHuffman::Esito& esito) {
+        racconta("Ripristinato archivio di " + testoByte(esito.scritti) + " byte (backup " + testoByte(esito.letti) +
+                     " byte) da " + sorgente,
+                 "Il Database e stato ripristinato. .");
+    };
     // A failure is the platform's to report; the screen stays for another file.
-    if (esegui([&](const clsHuffman& huffman) { esito = RipristinaArchivio(sessione_, huffman, sorgente); })) {
-        Annuncia(sessione_, "Ripristinato archivio di " + testoByte(esito.scritti) + " byte (backup " +
-                                testoByte(esito.letti) + " byte) da " + sorgente);
-        desktop().inform("Il Database e stato ripristinato. .", "Bravona");
-    } else {
+    if (!esegui([&](const clsHuffman& huffman) { RipristinaArchivio(sessione_, huffman, sorgente, fatto); })) {
         Annuncia(sessione_, "Ripristino interrotto");
+    } else if (!annoPresente(sessione_)) {
+        Annuncia(sessione_, "L'archivio ripristinato non ha l'anno " + sessione_.AnnoRiferimento +
+                                ": scegliere un anno con Apri archivio");
     }
     unload();
 }

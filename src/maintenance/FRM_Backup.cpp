@@ -61,15 +61,14 @@ void FRM_Backup::CreaBackup()
         return;
     }
     const std::string destinazione = Files::native(Text2.text() + "\\DBBVEURO_Backup.bk");
-    clsHuffman::Esito esito;
+    const auto fatto = [&](const clsHuffman::Esito& esito) {
+        racconta("Backup di " + testoByte(esito.scritti) + " byte (archivio " + testoByte(esito.letti) + " byte) in " +
+                     destinazione,
+                 "Il Backup e stato fatto e salvato. .\n"
+                 "si consiglia di effettuare periodicamente l'operazione di backup.");
+    };
     try {
-        if (esegui([&](const clsHuffman& huffman) { esito = SalvaArchivio(sessione_, huffman, destinazione); })) {
-            Annuncia(sessione_, "Backup di " + testoByte(esito.scritti) + " byte (archivio " + testoByte(esito.letti) +
-                                    " byte) in " + destinazione);
-            desktop().inform("Il Backup e stato fatto e salvato. .\n"
-                             "si consiglia di effettuare periodicamente l'operazione di backup.",
-                             "Bravona");
-        } else {
+        if (!esegui([&](const clsHuffman& huffman) { SalvaArchivio(sessione_, huffman, destinazione, fatto); })) {
             Annuncia(sessione_, "Backup interrotto");
         }
     } catch (const Errore& errore) {

@@ -72,6 +72,13 @@ bool FinestraBackup::esegui(const std::function<void(const clsHuffman& huffman)>
     return true;
 }
 
+void FinestraBackup::racconta(const std::string& parola, const std::string& testo)
+{
+    desktop().setPointer(Pointer::normal);
+    Annuncia(sessione_, parola);
+    desktop().inform(testo, "Bravona");
+}
+
 std::string FinestraBackup::primoPosto() const
 {
     return Drive1.drives().front();

@@ -35,6 +35,8 @@ protected:
     // Runs the work with bar and label shown; false when the person gave it up. Failures travel on. Afterwards the bar
     // stands at 0 and both are hidden again.
     bool esegui(const std::function<void(const clsHuffman& huffman)>& lavoro);
+    // Tells, still within the work, what it has achieved: a word in the status bar and a box.
+    void racconta(const std::string& parola, const std::string& testo);
     [[nodiscard]] bool alLavoro() const { return alLavoro_; }
     // The place where a person begins: the home folder.
     [[nodiscard]] std::string primoPosto() const;

@@ -7,14 +7,17 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 namespace bravona {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::uint32_t nonArchivio = 3031;
 constexpr std::uint32_t archivioDanneggiato = 3049;
-constexpr std::uint32_t tabellaMancante = 3078;
+constexpr std::uint32_t discoGuasto = 3043;
 
 std::string nellaCartella(const Sessione& sessione, const char* nome)
 {
@@ -39,77 +42,118 @@ private:
     std::function<void()> prima_;
 };
 
-void senzaConnessione(Sessione& sessione, const std::function<void()>& lavoro)
+// Opens the archive again, and reads from it what has to be read anew; what comes of it.
+std::optional<Errore> riapri(Sessione& sessione, const std::function<void()>& rileggi)
 {
+    std::optional<Errore> guasto;
+    const auto prova = [&guasto](const std::function<void()>& passo) {
+        try {
+            passo();
+        } catch (const Errore& errore) {
+            guasto.emplace(errore.numero(), "Riapertura dell'archivio: " + errore.descrizione());
+        }
+    };
+    prova([&] { ApriConnessione(sessione, sessione.PercorsoArchivio); });
+    if (!sessione.cn.isOpen()) {
+        return Errore(guasto->numero(), guasto->descrizione() + "\nL'archivio non è aperto: riavviare Bravona.");
+    }
+    if (rileggi) {
+        prova(rileggi);
+    }
+    return guasto;
+}
+
+// The work tells by itself what it has achieved. A failed opening afterwards is told as what it is: behind the failure
+// of the work, or in a report of its own.
+void senzaConnessione(Sessione& sessione, const std::function<void()>& lavoro,
+                      const std::function<void()>& rileggi = {})
+{
+    const auto riferisci = [&sessione](const std::optional<Errore>& guasto) {
+        if (guasto) {
+            sessione.desktop().report(*guasto);
+        }
+    };
     ChiudiConnessione(sessione);
     try {
         lavoro();
+    } catch (const Errore& errore) {
+        const std::optional<Errore> guasto = riapri(sessione, rileggi);
+        throw Errore(errore.numero(), errore.descrizione() + (guasto ? "\n" + guasto->descrizione() : ""),
+                     errore.origine());
     } catch (...) {
-        try {
-            ApriConnessione(sessione, sessione.PercorsoArchivio);
-        } catch (const Errore&) {
-            // The failure of the work is the one to tell.
-        }
+        riferisci(riapri(sessione, rileggi));
         throw;
     }
-    ApriConnessione(sessione, sessione.PercorsoArchivio);
+    riferisci(riapri(sessione, rileggi));
 }
 
-// A journal beside what cannot be opened as an archive undoes nothing any more.
-void preparaAllaSostituzione(const Sessione& sessione, const std::string& archivio)
+// Nobody has to do with the archive until the new one stands in its place. A journal beside what cannot be opened as an
+// archive undoes nothing any more.
+void sostituisciDatabase(const Sessione& sessione, const std::string& nuovo, const std::string& database)
 {
-    if (!sessione.files().exists(archivio)) {
-        Connection::discardJournal(archivio);
-        return;
-    }
-    try {
-        Connection::settle(archivio, passwordArchivio);
-    } catch (const Errore& errore) {
-        if (errore.numero() != nonArchivio && errore.numero() != archivioDanneggiato) {
-            throw;
+    Connection tenuto;
+    if (!sessione.files().exists(database)) {
+        Connection::discardJournal(database);
+    } else {
+        try {
+            tenuto.hold(database, passwordArchivio, Hold::toReplace);
+        } catch (const Errore& errore) {
+            if (errore.numero() != nonArchivio && errore.numero() != archivioDanneggiato) {
+                throw;
+            }
+            Connection::discardJournal(database);
         }
-        Connection::discardJournal(archivio);
     }
+    sessione.files().copy(nuovo, database);
 }
 
-void sostituisciArchivio(const Sessione& sessione, const std::string& nuovo, const std::string& archivio)
-{
-    preparaAllaSostituzione(sessione, archivio);
-    sessione.files().copy(nuovo, archivio);
-}
-
-void togli(Files& files, const std::string& file)
+// False when the file is still there: what was achieved, or another failure, is the thing to tell.
+bool togli(Files& files, const std::string& file)
 {
     try {
         if (files.exists(file)) {
             files.remove(file);
         }
         Connection::discardJournal(file);
+        return true;
     } catch (const Errore&) {
-        // Another failure is being told.
+        return false;
     }
 }
 
-// An archive from which the program can start.
-void pretendiArchivio(const std::string& file, const Connection::Working& dipinge)
+// The tables with their columns, and what the start reads of them.
+void leggiComeAllAvvio(Sessione& prova)
 {
-    try {
-        Connection::verify(file, passwordArchivio, dipinge);
-        Connection cn;
-        cn.open(file, passwordArchivio);
-        for (const Tabella& tabella : tabelleArchivio()) {
-            cn.openTable(tabella.nome, OpenMode::readOnly);
-        }
-        for (const char* tabella : {"VersioneDB", "DatiAzienda"}) {
-            if (cn.openTable(tabella, OpenMode::readOnly).eof()) {
-                throw Errore(nonArchivio, std::string("La tabella ") + tabella + " è vuota.");
+    for (const Tabella& tabella : tabelleArchivio()) {
+        const Recordset aperta = prova.cn.openTable(tabella.nome, OpenMode::readOnly);
+        for (const Colonna& colonna : tabella.colonne) {
+            if (!aperta.hasColumn(colonna.nome)) {
+                throw Errore(nonArchivio, "Manca la colonna " + std::string(colonna.nome) + ".");
             }
         }
+    }
+    static_cast<void>(prova.cn.open("SELECT Versione FROM VersioneDB")["Versione"].longOr(0));
+    EsisteArchivio(prova);
+    CaricaDatiAzienda(prova);
+    CaricaRegistri(prova);
+}
+
+// An archive from which the program can start.
+void pretendiArchivio(const Sessione& sessione, const std::string& file, const Connection::Working& dipinge)
+{
+    bool aperto = false;
+    try {
+        Connection::verify(file, passwordArchivio, dipinge);
+        Sessione prova({sessione.desktop(), sessione.settings(), sessione.clock(), sessione.files(),
+                        sessione.cartellaProgramma()});
+        prova.cn.open(file, passwordArchivio);
+        aperto = true;
+        leggiComeAllAvvio(prova);
     } catch (const Errore& errore) {
         if (errore.numero() == archivioDanneggiato) {
             throw Errore(archivioDanneggiato, "L'archivio contenuto nel backup è danneggiato.");
         }
-        if (errore.numero() == nonArchivio || errore.numero() == tabellaMancante) {
+        if (errore.numero() == nonArchivio || (aperto && errore.numero() != discoGuasto)) {
             throw Errore(nonArchivio, "Il backup non contiene un archivio di Bravona.");
         }
         throw;
@@ -126,10 +170,40 @@ void rileggiArchivio(Sessione& sessione)
     }
 }
 
+// What is to be told of it in the status bar. Nobody changes the archive from the reading on until the new one stands
+// in its place.
+std::string compatta(Sessione& sessione, const std::string& temporaneo, const Connection::Working& dipinge)
+{
+    const std::string& archivio = sessione.PercorsoArchivio;
+    Files& files = sessione.files();
+    std::error_code ignorato;
+    if (fs::exists(fs::symlink_status(temporaneo, ignorato))) {
+        throw Errore(3204, "Il file \"" + temporaneo + "\" esiste già.");
+    }
+    Connection::discardJournal(temporaneo);
+    Connection tenuto;
+    tenuto.hold(archivio, passwordArchivio, Hold::toReplace);
+    const std::uint64_t prima = files.size(archivio);
+    std::uint64_t dopo = 0;
+    try {
+        files.copy(archivio, temporaneo);
+        tenuto.holdAgain();
+        Connection::compact(temporaneo, passwordArchivio, dipinge);
+        dopo = files.size(temporaneo);
+        files.copy(temporaneo, archivio);
+    } catch (...) {
+        togli(files, temporaneo);
+        throw;
+    }
+    const bool resta = !togli(files, temporaneo);
+    return "Archivio compattato: da " + testoByte(prima) + " a " + testoByte(dopo) + " byte" +
+           (resta ? "; resta da eliminare " + temporaneo : "");
+}
+
 bool stessoFile(const std::string& uno, const std::string& altro)
 {
     std::error_code ignorato;
-    return std::filesystem::equivalent(uno, altro, ignorato);
+    return fs::equivalent(uno, altro, ignorato);
 }
 
 }  // namespace
@@ -139,26 +213,33 @@ std::string percorsoDatabase(const Sessione& sessione)
     return nellaCartella(sessione, "\\Database\\DBBVEURO.mdb");
 }
 
-clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione)
+clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione,
+                                const Racconto& racconto)
 {
     const std::string database = percorsoDatabase(sessione);
-    if (stessoFile(database, destinazione)) {
+    if (stessoFile(database, destinazione) || stessoFile(sessione.PercorsoArchivio, destinazione)) {
         throw Errore(errori::erroreDiPercorso, "Il backup non può prendere il posto dell'archivio: " + destinazione);
     }
     const FinestreVive finestre(sessione);
     clsHuffman::Esito esito;
     senzaConnessione(sessione, [&] {
+        Connection tenuto;
         // A missing and an empty one are the codec's to refuse.
         if (sessione.files().exists(database) && sessione.files().size(database) > 0) {
             Connection::verify(database, passwordArchivio, finestre.dipinge());
-            Connection::settle(database, passwordArchivio);
+            tenuto.hold(database, passwordArchivio, Hold::toCopy);
         }
         esito = huffman.EncodeFile(database, destinazione);
+        tenuto.close();
+        if (racconto) {
+            racconto(esito);
+        }
     });
     return esito;
 }
 
-clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente)
+clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente,
+                                     const Racconto& racconto)
 {
     const std::string database = percorsoDatabase(sessione);
     const std::string temporaneo = nellaCartella(sessione, "\\Database\\DBBVEURO_bk.mdb");
@@ -166,47 +247,42 @@ clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffm
     const clsHuffman::Esito esito = huffman.DecodeFile(sorgente, temporaneo);
     try {
         Connection::discardJournal(temporaneo);  // of an earlier restore that was killed
-        pretendiArchivio(temporaneo, finestre.dipinge());
+        pretendiArchivio(sessione, temporaneo, finestre.dipinge());
     } catch (...) {
         togli(sessione.files(), temporaneo);
         throw;
     }
-    senzaConnessione(sessione, [&] { sostituisciArchivio(sessione, temporaneo, database); });
-    rileggiArchivio(sessione);
-    sessione.files().remove(temporaneo);
+    senzaConnessione(
+        sessione,
+        [&] {
+            sostituisciDatabase(sessione, temporaneo, database);
+            togli(sessione.files(), temporaneo);  // the next restore replaces it
+            if (racconto) {
+                racconto(esito);
+            }
+        },
+        [&] { rileggiArchivio(sessione); });
     return esito;
 }
 
 void CompattaArchivio(Sessione& sessione)
 {
-    const std::string temporaneo = nellaCartella(sessione, "\\temp_db.mdb");
-    const std::string& archivio = sessione.PercorsoArchivio;
-    Files& files = sessione.files();
-    std::uint64_t prima = 0;
-    try {
-        const clsCursorWait attesa(sessione.desktop());
-        const FinestreVive finestre(sessione);
-        Annuncia(sessione, "Compattazione dell'archivio in corso...");
-        sessione.desktop().repaint();
-        senzaConnessione(sessione, [&] {
-            prima = files.size(archivio);
-            Connection::compact(archivio, temporaneo, passwordArchivio, finestre.dipinge());
-            try {
-                sostituisciArchivio(sessione, temporaneo, archivio);
-            } catch (...) {
-                togli(files, temporaneo);
-                throw;
-            }
-        });
-        files.remove(temporaneo);
-    } catch (const Errore& errore) {
-        Annuncia(sessione, "Compattazione non riuscita");
-        MostraErroreStandard(sessione.desktop(), errore, "Modulo: frmMain", "Routine: CompattaArchivio");
-        return;
-    }
-    Annuncia(sessione,
-             "Archivio compattato: da " + testoByte(prima) + " a " + testoByte(files.size(archivio)) + " byte");
-    sessione.desktop().inform("Compattazione dati completata!", "Bravona");
+    senzaConnessione(sessione, [&] {
+        std::string parola;
+        try {
+            const clsCursorWait attesa(sessione.desktop());
+            const FinestreVive finestre(sessione);
+            Annuncia(sessione, "Compattazione dell'archivio in corso...");
+            sessione.desktop().repaint();
+            parola = compatta(sessione, nellaCartella(sessione, "\\temp_db.mdb"), finestre.dipinge());
+        } catch (const Errore& errore) {
+            Annuncia(sessione, "Compattazione non riuscita");
+            MostraErroreStandard(sessione.desktop(), errore, "Modulo: frmMain", "Routine: CompattaArchivio");
+            return;
+        }
+        Annuncia(sessione, parola);
+        sessione.desktop().inform("Compattazione dati completata!", "Bravona");
+    });
 }
 
 std::string testoByte(std::uint64_t byte)

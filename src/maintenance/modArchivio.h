@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "maintenance/clsHuffman.h"
@@ -9,19 +10,27 @@ namespace bravona {
 
 // The archive as a file. An archive in use is replaced in one step or not at all: at whatever instant the machine
 // stops, it holds the old one or the new one, whole. Each operation closes the session's connection while it touches
-// the file and has it open again afterwards, also after a failure. Windows are painted meanwhile.
+// the file and has it open again afterwards, however it ends. Opening it may fail: that is told by itself, after what
+// the work has come to, and the work stands. Windows are painted meanwhile.
+
+// Tells the person what was achieved, as soon as it is; the connection is opened again when it has been read.
+using Racconto = std::function<void(const clsHuffman::Esito& esito)>;
 
 // The database that a backup reads and a restore replaces, wherever the archive in use lies.
 std::string percorsoDatabase(const Sessione& sessione);
 
-// Packs the database into `destinazione`. Errore 3031 when it is no archive, 3049 when it is damaged, and those of the
-// codec and the files; what was at the destination is then as it was.
-clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione);
+// Packs the database into `destinazione`. Errore 3031 when it is no archive, 3049 when it is damaged, 3218 when another
+// program is changing it, 75 when the destination is an archive in use, and those of the codec and the files; what was
+// at the destination is then as it was.
+clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione,
+                                const Racconto& racconto = {});
 
 // Puts the original of a backup in the place of the database and reads what the session keeps of it again. Errore of
-// the codec and the files; 3031 when the original is no archive of this program, 3049 when it is damaged: nothing has
-// changed then. A failure of the replacement itself leaves the original beside the database, until the next restore.
-clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente);
+// the codec and the files; 3031 when the original is no archive from which the program can start, 3049 when it is
+// damaged: nothing has changed then. A failure of the replacement itself leaves the original beside the database, until
+// the next restore.
+clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente,
+                                     const Racconto& racconto = {});
 
 // Rewrites the archive in use without its dead space, and tells how it went.
 void CompattaArchivio(Sessione& sessione);

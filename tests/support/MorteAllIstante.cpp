@@ -75,7 +75,8 @@ struct Osservato {
     bool ucciso = false;
 };
 
-Osservato osserva(const std::function<void()>& azione, int ultimo)
+// Until `muore` says so of an instant, or to the end.
+Osservato osserva(const std::function<void()>& azione, const std::function<bool(int istante)>& muore)
 {
     const pid_t processo = ::fork();
     if (processo == 0) {
@@ -101,10 +102,8 @@ Osservato osserva(const std::function<void()>& azione, int ultimo)
         }
         __ptrace_syscall_info chiamata{};
         const bool letta = ::ptrace(PTRACE_GET_SYSCALL_INFO, processo, sizeof chiamata, &chiamata) > 0;
-        if (letta && chiamata.op == PTRACE_SYSCALL_INFO_ENTRY && cambiaUnFile(chiamata.entry.nr)) {
-            ++osservato.istanti;
-        }
-        if (!letta || osservato.istanti == ultimo) {
+        const bool istante = letta && chiamata.op == PTRACE_SYSCALL_INFO_ENTRY && cambiaUnFile(chiamata.entry.nr);
+        if (!letta || (istante && muore(++osservato.istanti))) {
             ::kill(processo, SIGKILL);
             attendi(processo);
             if (!letta) {
@@ -120,12 +119,19 @@ Osservato osserva(const std::function<void()>& azione, int ultimo)
 
 bool uccidiAllIstante(int istante, const std::function<void()>& azione)
 {
-    return osserva(azione, istante).ucciso;
+    return osserva(azione, [istante](int n) { return n == istante; }).ucciso;
 }
 
-int istantiDi(const std::function<void()>& azione)
+int istantiDi(const std::function<void()>& azione, const std::function<void(int istante)>& guarda)
 {
-    return osserva(azione, -1).istanti;
+    return osserva(azione,
+                   [&guarda](int n) {
+                       if (guarda) {
+                           guarda(n);
+                       }
+                       return false;
+                   })
+        .istanti;
 }
 
 }  // namespace bravona

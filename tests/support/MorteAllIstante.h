@@ -10,7 +10,8 @@ namespace bravona {
 // let a process be watched.
 bool uccidiAllIstante(int istante, const std::function<void()>& azione);
 
-// How many such instants the action has; it runs to its end, in a process of its own.
-int istantiDi(const std::function<void()>& azione);
+// How many such instants the action has; it runs to its end, in a process of its own. `guarda` sees the files at each
+// of them as a kill would leave them.
+int istantiDi(const std::function<void()>& azione, const std::function<void(int istante)>& guarda = {});
 
 }  // namespace bravona

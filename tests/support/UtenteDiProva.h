@@ -89,9 +89,16 @@ public:
             whileWorking();
         }
     }
-    void repaint() override { ++paints_; }
-    std::function<void()> whileAsked;    // what happens elsewhere while a message box stands
-    std::function<void()> whileWorking;  // what the hand does while the program works and looks for input
+    void repaint() override
+    {
+        ++paints_;
+        if (whilePainting) {
+            whilePainting();
+        }
+    }
+    std::function<void()> whileAsked;     // what happens elsewhere while a message box stands
+    std::function<void()> whileWorking;   // what the hand does while the program works and looks for input
+    std::function<void()> whilePainting;  // what else happens while the program works and only paints
     [[nodiscard]] int paints() const { return paints_; }  // times that windows were let paint
     void centre(Form& form, bool onScreen) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;

@@ -181,7 +181,6 @@ void tieniPermessi(int fd, mode_t vecchi, const std::string& path)
     }
 }
 
-// The file at the end of the links, which need not exist.
 fs::path inFondoAiLink(fs::path path)
 {
     constexpr int massimo = 40;
@@ -217,6 +216,11 @@ std::string Files::native(std::string_view path)
         }
     }
     return s;
+}
+
+std::string Files::behindLinks(const std::string& path)
+{
+    return inFondoAiLink(native(path)).string();
 }
 
 bool Files::exists(const std::string& path) const

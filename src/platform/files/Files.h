@@ -39,6 +39,8 @@ public:
     // `copy` after the bytes are written and before they take their place (tests and journeys).
     void failNextWrite(const std::string& path, std::uint32_t numero);
 
+    // The file at the end of the links, which need not exist. Errore 75 when they lead in a circle.
+    static std::string behindLinks(const std::string& path);
     // `\` and `/` to the machine's separator.
     static std::string native(std::string_view path);
 

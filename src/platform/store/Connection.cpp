@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/files/Files.h"
 #include "platform/store/ConnectionImpl.h"
 #include "platform/store/Functions.h"
 #include "platform/store/RecordsetState.h"
@@ -22,12 +23,12 @@ std::int32_t collationMark()
     return static_cast<std::int32_t>(h | 1U);  // never 0, which a fresh file has
 }
 
-// The file itself, where the path is a link: its journal must stand beside it.
+// The file itself, where the path is a link: its journal must stand beside it. A file that is missing has its place.
 std::string realPath(const std::string& path)
 {
     std::error_code failure;
     const fs::path real = fs::canonical(path, failure);
-    return failure ? path : real.string();
+    return failure ? Files::behindLinks(path) : real.string();
 }
 
 void checkArchiveFile(const std::string& path)
@@ -101,29 +102,33 @@ void Connection::create(const std::string& path, std::string_view password)
     impl_->path = path;
 }
 
-void Connection::compact(const std::string& from, const std::string& to, std::string_view password,
-                         const Working& whileWorking)
+void Connection::hold(const std::string& path, std::string_view password, Hold purpose)
 {
-    std::error_code failure;
-    if (fs::exists(fs::symlink_status(to, failure))) {
-        throw Errore(3204, "Il file \"" + to + "\" esiste già.");
-    }
-    settle(from, password);
-    discardJournal(to);
+    open(path, password);
     try {
-        fs::copy_file(realPath(from), to);
-        Connection copy;
-        copy.open(to, password);
-        copy.impl_->engine.whileWorking(whileWorking);
-        copy.executeNative("VACUUM");
-    } catch (const fs::filesystem_error& e) {
-        fs::remove(to, failure);
-        const bool full = e.code() == std::errc::no_space_on_device;
-        throw Errore(full ? errori::discoPieno : 3043, e.code().message());
+        impl_->take(purpose);
+        impl_->heldVersion = impl_->engine.number("PRAGMA data_version");
     } catch (...) {
-        fs::remove(to, failure);
+        close();
         throw;
     }
+}
+
+void Connection::holdAgain()
+{
+    rollback();
+    impl_->take(Hold::toReplace);
+    if (impl_->engine.number("PRAGMA data_version") != impl_->heldVersion) {
+        throw Errore(3218, "L'archivio è stato cambiato da un altro programma.");
+    }
+}
+
+void Connection::compact(const std::string& path, std::string_view password, const Working& whileWorking)
+{
+    Connection whole;
+    whole.open(path, password);
+    whole.impl_->engine.whileWorking(whileWorking);
+    whole.impl_->engine.run("VACUUM");
 }
 
 void Connection::verify(const std::string& path, std::string_view password, const Working& whileWorking)
@@ -138,18 +143,6 @@ void Connection::verify(const std::string& path, std::string_view password, cons
     if (answer == nullptr || std::string_view(answer) != "ok") {
         throw engineError(SQLITE_CORRUPT, {});
     }
-}
-
-void Connection::settle(const std::string& path, std::string_view password)
-{
-    {
-        Connection whole;
-        whole.open(path, password);
-        whole.begin();  // refused while another program writes: a journal there is that program's
-        whole.rollback();
-    }
-    // The engine plays back a journal with something in it and passes over an empty one.
-    discardJournal(path);
 }
 
 void Connection::discardJournal(const std::string& path)

@@ -16,6 +16,12 @@ enum class OpenMode {
     batch       // changes kept until `updateBatch`
 };
 
+// What an archive is held for, as a file.
+enum class Hold {
+    toCopy,    // others may go on reading it
+    toReplace  // nobody else has to do with it
+};
+
 // The one door to the archive: a password-protected file of the engine. Statements are written in the program's own
 // dialect and translated; one statement a call. Failures are Errore:
 //   3021 no current row      3022 duplicate key        3200 related rows exist   3315 required text empty
@@ -40,15 +46,17 @@ public:
     // --- an archive as a file; it must not be open in this program. `whileWorking` is called every so often during
     // long work; it runs no statement and throws nothing.
     using Working = std::function<void()>;
-    // Writes a copy of an archive without the room that deleted rows have left. Errore 3204 when `to` exists; a failure
-    // leaves no `to`.
-    static void compact(const std::string& from, const std::string& to, std::string_view password,
-                        const Working& whileWorking = {});
+    // Opens an archive in order to copy or replace it: what a kill has left is rolled back, and no other program
+    // changes it until `close`. What is to be replaced has no journal beside it then; what is to be copied may lie on a
+    // disk that takes no writing. Errore as `open`, and 3218 when another program is changing it.
+    void hold(const std::string& path, std::string_view password, Hold purpose);
+    // The system lets the archive go when this program has read the file by other means: holds it again, to be
+    // replaced. Errore 3218 also when another program has changed it meanwhile.
+    void holdAgain();
+    // Rewrites an archive without the room that deleted rows have left, all or nothing. Errore as `open`.
+    static void compact(const std::string& path, std::string_view password, const Working& whileWorking = {});
     // Reads all of it. Errore as `open`, and 3049 when anything in it is damaged.
     static void verify(const std::string& path, std::string_view password, const Working& whileWorking = {});
-    // Makes it ready to be copied or replaced: what a kill has left is rolled back, and no journal lies beside it.
-    // Errore as `open`, and 3218 when another program is changing it.
-    static void settle(const std::string& path, std::string_view password);
     // Removes a journal beside a path where no archive is, or none that could be opened: it must not be played into a
     // file that comes there.
     static void discardJournal(const std::string& path);

@@ -100,6 +100,25 @@ void Connection::Impl::needOpen() const
     }
 }
 
+void Connection::Impl::take(Hold purpose)
+{
+    try {
+        engine.run(purpose == Hold::toReplace ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE");
+    } catch (const Errore& failure) {
+        if (purpose == Hold::toReplace || failure.numero() != 3027) {
+            throw;
+        }
+        // What cannot be written is held as by any reader.
+        engine.run("BEGIN");
+        engine.number("SELECT COUNT(*) FROM sqlite_master");
+    }
+    inTransaction = true;
+    if (purpose == Hold::toReplace) {
+        // The engine plays back a journal with something in it and passes over an empty one.
+        discardJournal(path);
+    }
+}
+
 void Connection::Impl::loadCatalogue()
 {
     forgetStatements();

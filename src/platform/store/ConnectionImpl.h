@@ -61,6 +61,8 @@ struct Connection::Impl {
     void beforeWrite(const std::string& table) const;
     // All changes or none of them, inside a transaction or outside.
     void allOrNothing(const std::function<void()>& changes);
+    // Keeps other programs from the open archive, by a transaction in which nothing is written.
+    void take(Hold purpose);
     void loadCatalogue();
     void forgetStatements();
     void needOpen() const;
@@ -75,6 +77,7 @@ struct Connection::Impl {
     std::uint64_t catalogueStamp = 0;  // what is kept of tables and writers holds as long as it does
     std::function<void(const std::string&)> hook;
     bool inTransaction = false;
+    std::int64_t heldVersion = 0;  // of what other programs have written, when the archive was held
     std::uint64_t generation = 0;  // of the open file: a set of an earlier one sends nothing
     std::weak_ptr<Impl> self;      // for the sets that send their changes here
 };

@@ -7,9 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/files/Files.h"
 #include "platform/store/ConnectionImpl.h"
 #include "platform/values/Errore.h"
 #include "schema/Schema.h"
+#include "support/AltroProgramma.h"
 #include "support/ArchivioTemporaneo.h"
 #include "support/Fallimento.h"
 
@@ -221,19 +223,39 @@ TEST(Archivio, LaCompattazioneTieneTuttoERendeLoSpazio)
     archivio.cn.execute("DELETE * FROM Comuni");
     archivio.cn.commit();
     archivio.cn.close();
-    const std::string nuovo = archivio.cartella().file("nuovo.mdb");
-    Connection::compact(archivio.percorso(), nuovo, passwordArchivio);
-    EXPECT_LT(fs::file_size(nuovo), fs::file_size(archivio.percorso()));
-    EXPECT_EQ(numeroDelFallimento([&] { return Connection::compact(archivio.percorso(), nuovo, passwordArchivio), 0; }),
-              3204U);
-    archivio.cn.open(nuovo, passwordArchivio);
+    const std::string copia = archivio.cartella().file("copia.mdb");
+    fs::copy_file(archivio.percorso(), copia);
+    EXPECT_EQ(numeroDelFallimento([&] { return Connection::compact(copia, "sbagliata"), 0; }), 3031U);
+    EXPECT_EQ(fs::file_size(copia), fs::file_size(archivio.percorso()));
+    Connection::compact(copia, passwordArchivio);
+    EXPECT_LT(fs::file_size(copia), fs::file_size(archivio.percorso()));
+    archivio.cn.open(copia, passwordArchivio);
     EXPECT_EQ(archivio.valore("SELECT COUNT(*) FROM DescrizioneListini"), "10");
     archivio.cn.execute("INSERT INTO Comuni (Comune) VALUES ('x')");
     EXPECT_EQ(archivio.valore("SELECT IDCodiceComune FROM Comuni"), "3001") << "no key is given twice";
+}
+
+TEST(Archivio, UnAltroProgrammaNonLoCambiaMentreETenuto)
+{
+    ArchivioTemporaneo archivio;
     archivio.cn.close();
-    const std::string altro = archivio.cartella().file("altro.mdb");
-    EXPECT_EQ(numeroDelFallimento([&] { return Connection::compact(nuovo, altro, "sbagliata"), 0; }), 3031U);
-    EXPECT_FALSE(fs::exists(altro));
+    AltroProgramma altro(archivio.percorso());
+    const auto scrive = [&] { return altro.esegui("UPDATE DatiAzienda SET Citta = 'Bra'"); };
+    const auto riprende = [](Connection& tenuto) { return numeroDelFallimento([&] { return tenuto.holdAgain(), 0; }); };
+    for (const Hold scopo : {Hold::toCopy, Hold::toReplace}) {
+        Connection tenuto;
+        tenuto.hold(archivio.percorso(), passwordArchivio, scopo);
+        EXPECT_EQ(scrive(), 3218U);
+        EXPECT_EQ(altro.legge("SELECT Citta FROM DatiAzienda"), scopo == Hold::toCopy ? 0U : 3218U);
+        // The system forgets the locks of a process that reads and closes the file by other means.
+        static_cast<void>(Files().read(archivio.percorso()));
+        EXPECT_EQ(riprende(tenuto), 0U);
+        EXPECT_EQ(scrive(), 3218U);
+        static_cast<void>(Files().read(archivio.percorso()));
+        EXPECT_EQ(scrive(), 0U) << "or else this tests nothing";
+        EXPECT_EQ(riprende(tenuto), 3218U);
+    }
+    EXPECT_EQ(scrive(), 0U);
 }
 
 TEST(Archivio, IlDiscoPienoHaIlSuoNumeroENonRovinaNulla)
