@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/store/Connection.h"
 #include "platform/values/Errore.h"
 
 namespace bravona {
@@ -40,6 +41,8 @@ void preparaCartellaProgramma(Files& files, const std::string& cartella, const s
         }
     }
     if (!files.exists(archivio.string())) {
+        // Of an archive that was taken away, it would be played into this one.
+        Connection::discardJournal(archivio.string());
         files.copy((fs::path(fornita) / "Database" / "DBBVEURO.mdb").string(), archivio.string());
     }
     // One archive under two names, so that both speak of the same file.

@@ -72,6 +72,20 @@ TEST_F(CartellaProgramma, UnAltroAvvioLasciaIlLavoroDellaPersona)
     EXPECT_EQ(leggi("programma/dbbveuro.mdb"), "lavorato");
 }
 
+TEST_F(CartellaProgramma, IlGiornaleDiUnArchivioToltoNonGuastaQuelloFornito)
+{
+    scrivi("programma/Database/DBBVEURO.mdb-journal", "di prima");
+    prepara();
+    EXPECT_FALSE(fs::exists(radice_ / "programma/Database/DBBVEURO.mdb-journal"));
+    // The journal stands where the link leads.
+    fs::remove(radice_ / "programma/Database/DBBVEURO.mdb");
+    fs::create_symlink("../../disco/vero.mdb", radice_ / "programma/Database/DBBVEURO.mdb");
+    scrivi("disco/vero.mdb-journal", "di prima");
+    prepara();
+    EXPECT_EQ(leggi("disco/vero.mdb"), "consegnato");
+    EXPECT_FALSE(fs::exists(radice_ / "disco/vero.mdb-journal"));
+}
+
 TEST_F(CartellaProgramma, SenzaArchivioFornitoLAvvioLoDice)
 {
     fs::remove_all(radice_ / "fornita");
