@@ -10,6 +10,7 @@
 #include "platform/values/Errore.h"
 
 #include <array>
+#include <new>
 #include <numeric>
 #include <span>
 #include <utility>
@@ -87,6 +88,18 @@ void scriviTabella(const Codici& codici, Bytes& risultato)
     }
     if (posto > 0) {
         risultato.push_back(byte);
+    }
+}
+
+// A failure like any other: an archive may be larger than the memory there is.
+template <class Lavoro>
+clsHuffman::Esito conLaMemoriaCheCE(const char* origine, const Lavoro& lavoro)
+{
+    try {
+        return lavoro();
+    } catch (const std::bad_alloc&) {
+        constexpr std::uint32_t memoriaEsaurita = 7;
+        throw Errore(memoriaEsaurita, "Memoria esaurita.", origine);
     }
 }
 
@@ -175,34 +188,38 @@ Bytes clsHuffman::leggi(const std::string& sorgente, std::uint64_t massimo, cons
 clsHuffman::Esito clsHuffman::EncodeFile(const std::string& sorgente, const std::string& destinazione) const
 {
     constexpr const char* origine = "clsHuffman.EncodeFile()";
-    Bytes dati = leggi(sorgente, lunghezzaMassima, origine, "Sorgente Data base non esiste");
-    if (dati.empty()) {
-        throw Errore(errori::indiceFuoriIntervallo, "Il file da salvare e' vuoto", origine);
-    }
-    Esito esito;
-    esito.letti = dati.size();
-    EncodeByte(dati);
-    file_.replace(destinazione, dati);
-    esito.scritti = dati.size();
-    return esito;
+    return conLaMemoriaCheCE(origine, [&] {
+        Bytes dati = leggi(sorgente, lunghezzaMassima, origine, "Sorgente Data base non esiste");
+        if (dati.empty()) {
+            throw Errore(errori::indiceFuoriIntervallo, "Il file da salvare e' vuoto", origine);
+        }
+        Esito esito;
+        esito.letti = dati.size();
+        EncodeByte(dati);
+        file_.replace(destinazione, dati);
+        esito.scritti = dati.size();
+        return esito;
+    });
 }
 
 clsHuffman::Esito clsHuffman::DecodeFile(const std::string& sorgente, const std::string& destinazione) const
 {
     constexpr const char* origine = "clsHuffman.DecodeFile()";
-    Bytes dati = leggi(sorgente, lunghezzaCodificataMassima, origine, "Sorgente Data base non esiste ");
-    Esito esito;
-    esito.letti = dati.size();
-    if (leggiTestata(dati).forma == Forma::compressa && leggiTestata(dati).lunghezza == 0) {
-        throw Errore(errori::codec, "Il file di backup non contiene dati", origine);
-    }
-    DecodeByte(dati);
-    if (dati.empty()) {
-        throw Errore(errori::indiceFuoriIntervallo, "Il file di backup non contiene dati", origine);
-    }
-    file_.replace(destinazione, dati);
-    esito.scritti = dati.size();
-    return esito;
+    return conLaMemoriaCheCE(origine, [&] {
+        Bytes dati = leggi(sorgente, lunghezzaCodificataMassima, origine, "Sorgente Data base non esiste ");
+        Esito esito;
+        esito.letti = dati.size();
+        if (leggiTestata(dati).forma == Forma::compressa && leggiTestata(dati).lunghezza == 0) {
+            throw Errore(errori::codec, "Il file di backup non contiene dati", origine);
+        }
+        DecodeByte(dati);
+        if (dati.empty()) {
+            throw Errore(errori::indiceFuoriIntervallo, "Il file di backup non contiene dati", origine);
+        }
+        file_.replace(destinazione, dati);
+        esito.scritti = dati.size();
+        return esito;
+    });
 }
 
 std::string clsHuffman::EncodeString(std::string_view testo) const

@@ -40,7 +40,8 @@ public:
     void DecodeByte(Bytes& dati) const { DecodeByte(dati, dati.size()); }
 
     // From file to file, the destination replaced at the end in one step. An empty original is refused with Errore 9:
-    // no archive is empty. Nothing is read of a source that is too long for the format.
+    // no archive is empty. Nothing is read of a source that is too long for the format; one that is too large for the
+    // memory there is gives Errore 7.
     Esito EncodeFile(const std::string& sorgente, const std::string& destinazione) const;
     Esito DecodeFile(const std::string& sorgente, const std::string& destinazione) const;
 

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <new>
 #include <sstream>
 
 namespace bravona {
@@ -152,17 +154,45 @@ TEST_F(HuffmanFileTest, TheCommandFailsInOneLineAndTouchesNothing)
         {"info", in("archivio.bk")},
         {"info", in("assente")},
         {"info", cartella_.string()},
+        {"info", in("due\nrighe\r\x1B[31m")},
+        {"encode", in("due\nrighe"), in("altro")},
     };
     for (const auto& argomenti : prove) {
         EXPECT_EQ(comando(argomenti), 1);
         const std::string riga = errori_.str();
         EXPECT_TRUE(!riga.empty() && riga.find('\n') == riga.size() - 1) << riga;
+        EXPECT_EQ(riga.find_first_of("\r\x1B"), std::string::npos) << riga;
         EXPECT_EQ(uscita_.str(), "");
     }
     EXPECT_EQ(leggi("archivio"), "the archive in use");
     EXPECT_EQ(leggi("archivio.bk"), "HE3\rdamaged");
     EXPECT_EQ(leggi("altro"), "x");
     EXPECT_EQ(quantiFile(), 3U);
+}
+
+TEST_F(HuffmanFileTest, AnAnswerThatCannotBeWrittenIsNoSuccess)
+{
+    scrivi("archivio", "abbbbbbb");
+    std::ostream chiusa(nullptr);
+    EXPECT_EQ(bravonaBk(std::vector<std::string>{"encode", in("archivio")}, chiusa, errori_), 1);
+    EXPECT_NE(errori_.str().find("archivio.bk e' scritto"), std::string::npos) << errori_.str();
+    EXPECT_EQ(leggi("archivio.bk").size(), 17U);
+    chiusa.clear();
+    EXPECT_EQ(bravonaBk(std::vector<std::string>{"info", in("archivio.bk")}, chiusa, errori_), 1);
+    EXPECT_EQ(std::ranges::count(errori_.str(), '\n'), 2);
+}
+
+TEST_F(HuffmanFileTest, TooLittleMemoryIsAFailureLikeAnyOther)
+{
+    scrivi("archivio", std::string(5000, 'a') + std::string(5000, 'b'));
+    scrivi("copia.bk", "an older backup");
+    huffman_.Progress = [](std::int16_t) { throw std::bad_alloc(); };
+    EXPECT_EQ(fallimento([&] { huffman_.EncodeFile(in("archivio"), in("copia.bk")); }),
+              "7 clsHuffman.EncodeFile() Memoria esaurita.");
+    EXPECT_EQ(leggi("copia.bk"), "an older backup");
+    EXPECT_EQ(comando({"encode", in("archivio"), in("copia.bk")}), 0);
+    EXPECT_EQ(fallimento([&] { huffman_.DecodeFile(in("copia.bk"), in("ripreso")); }),
+              "7 clsHuffman.DecodeFile() Memoria esaurita.");
 }
 
 }  // namespace

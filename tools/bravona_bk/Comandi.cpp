@@ -17,6 +17,14 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view estensione = ".bk";
 
+// Whatever stands in a name.
+std::string inUnaRiga(std::string testo)
+{
+    std::ranges::replace_if(
+        testo, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    return testo;
+}
+
 // The target's name, made from the source's when it is not given.
 std::string bersaglio(std::span<const std::string> argomenti, const Files& file)
 {
@@ -47,7 +55,10 @@ void trasforma(std::span<const std::string> argomenti, Files& file, std::ostream
     const clsHuffman huffman(file);
     const clsHuffman::Esito esito = argomenti[0] == "encode" ? huffman.EncodeFile(argomenti[1], destinazione)
                                                              : huffman.DecodeFile(argomenti[1], destinazione);
-    uscita << destinazione << ": " << esito.letti << " -> " << esito.scritti << " byte\n";
+    uscita << inUnaRiga(destinazione) << ": " << esito.letti << " -> " << esito.scritti << " byte\n" << std::flush;
+    if (!uscita) {
+        throw std::runtime_error(destinazione + " e' scritto, ma non si puo' scrivere sull'uscita");
+    }
 }
 
 void descrivi(const std::string& nome, Files& file, std::ostream& uscita)
@@ -71,7 +82,10 @@ void descrivi(const std::string& nome, Files& file, std::ostream& uscita)
     uscita << "forma: " << (codici.empty() ? "HE0 (non compressa)" : "HE3 (compressa)") << "\n"
            << "file: " << byte << " byte\n"
            << "originale: " << dati.size() << " byte\n"
-           << codici << (codici.empty() ? "contenuto: senza checksum\n" : "contenuto: integro\n");
+           << codici << (codici.empty() ? "contenuto: senza checksum\n" : "contenuto: integro\n") << std::flush;
+    if (!uscita) {
+        throw std::runtime_error("non si puo' scrivere sull'uscita");
+    }
 }
 
 }  // namespace
@@ -94,9 +108,7 @@ int bravonaBk(std::span<const std::string> argomenti, std::ostream& uscita, std:
         }
         return 0;
     } catch (const std::exception& e) {
-        std::string descrizione = e.what();
-        std::ranges::replace(descrizione, '\n', ' ');
-        errori << "bravona_bk: " << argomenti[1] << ": " << descrizione << "\n";
+        errori << inUnaRiga("bravona_bk: " + argomenti[1] + ": " + e.what()) << "\n";
         return 1;
     }
 }
