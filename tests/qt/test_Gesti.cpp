@@ -358,6 +358,20 @@ TEST_F(Gesti, UnTestoEstraneoDelComboSiVedeESiTiene)
     EXPECT_EQ(controlli->cmbLibero.text(), "Kg");
 }
 
+TEST_F(Gesti, UnaChiavettaInseritaDopoSiVedeAprendoLElenco)
+{
+    auto& combo = static_cast<QComboBox&>(widget(controlli->Drive1));
+    controlli->Drive1.refresh();
+    const QByteArray casa = qgetenv("HOME");
+    const auto trovata = [&combo] { return combo.findText(QStringLiteral("/chiavetta")) >= 0; };
+    qputenv("HOME", "/chiavetta");
+    EXPECT_FALSE(trovata());
+    combo.showPopup();
+    EXPECT_TRUE(trovata());
+    combo.hidePopup();
+    qputenv("HOME", casa);
+}
+
 TEST_F(Gesti, IlMessaggioSiMostraESiRispondeColPulsante)
 {
     QString testo;

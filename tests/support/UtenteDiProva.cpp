@@ -287,6 +287,7 @@ void UtenteDiProva::scroll(ScrollBar& bar, int value)
 
 void UtenteDiProva::chooseDrive(DriveList& drives, int drive)
 {
+    drives.refresh();
     onControl(drives, [&] { drives.userChoose(drives.drives().at(static_cast<std::size_t>(drive))); });
 }
 

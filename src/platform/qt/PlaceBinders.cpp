@@ -16,11 +16,12 @@ namespace bravona {
 
 DriveBinder::DriveBinder(FormWindow& window, DriveList& drives, QWidget* parent)
     : BinderOf(window, drives),
-      combo_(new QComboBox(parent))
+      combo_(new DropCombo(parent))
 {
     setWidget(combo_);
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo_->setMinimumContentsLength(24);
+    combo_->beforeDrop = [this] { enter([this] { c().refresh(); }); };
     QObject::connect(combo_, &QComboBox::activated, combo_, [this](int index) {
         enter([this, drive = fromQt(combo_->itemText(index))] { c().userChoose(drive); });
         if (alive()) {

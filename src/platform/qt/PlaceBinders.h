@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QListWidget>
+#include <functional>
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Steady.h"
@@ -10,6 +11,18 @@
 namespace bravona {
 
 // Places to start from, the folders of a place, the files of a folder.
+
+// A combo that tells before it drops down.
+class DropCombo final : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+    std::function<void()> beforeDrop;
+    void showPopup() override
+    {
+        beforeDrop();
+        QComboBox::showPopup();
+    }
+};
 
 class DriveBinder final : public BinderOf<DriveList> {
 public:
@@ -20,7 +33,7 @@ protected:
     void followAll() override;
 
 private:
-    QComboBox* combo_;
+    DropCombo* combo_;
 };
 
 class DirBinder final : public BinderOf<DirList> {

@@ -127,7 +127,7 @@ class DriveList final : public Control {
 public:
     DriveList() : Control(ControlKind::driveList) {}
     [[nodiscard]] const std::vector<std::string>& drives() const { return drives_; }
-    void refresh();
+    void refresh();  // also whenever the hand drops the list down: a medium may have come or gone
     [[nodiscard]] const std::string& drive() const { return drive_; }
     void setDrive(
         const std::string& drive);  // raises `onChange`; Errore 71 for a place that is neither listed nor there
