@@ -2,11 +2,11 @@
 
 set(packaging ${CMAKE_SOURCE_DIR}/packaging)
 if(TARGET bravona)
-    install(TARGETS bravona RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(TARGETS bravona bravona_bk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(DIRECTORY ${BRAVONA_SHARE}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bravona OPTIONAL)
     install(FILES ${packaging}/bravona.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
     install(FILES ${packaging}/bravona.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-    install(FILES ${packaging}/bravona.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES ${packaging}/bravona.1 ${packaging}/bravona_bk.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     install(FILES ${packaging}/icons/bravona.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
     foreach(size 16 32 48 64 128 256 512)
         install(FILES ${packaging}/icons/bravona-${size}.png
