@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QProxyStyle>
+#include <QStyleOptionButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <algorithm>
@@ -18,10 +19,22 @@ namespace bravona::theme {
 
 namespace {
 
-// On a dark ground an empty check box or option is hardly to be seen: a brighter outline.
+// On a dark ground an empty check box or option is hardly to be seen: a brighter outline. A long caption keeps its
+// distance from the edges of its button.
 class OutliningStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override
+    {
+        QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+            type == CT_PushButton && button != nullptr && button->text.size() > 3) {
+            const int caption = button->fontMetrics.size(Qt::TextShowMnemonic, button->text).width();
+            size.setWidth(std::max(size.width(), caption + pixels(24)));
+        }
+        return size;
+    }
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {
