@@ -384,6 +384,19 @@ TEST_F(Gesti, IlMessaggioSiMostraESiRispondeColPulsante)
     EXPECT_EQ(testo, QStringLiteral("Vuoi <b>chiudere</b> ?"));
 }
 
+TEST_F(Gesti, ITastiDiUnaLungaAttesaNonContano)
+{
+    controlli->txtLinea.setFocus();
+    for (const bool lunga : {true, false}) {
+        desktop.setPointer(Pointer::wait);
+        QTest::qSleep(lunga ? 550 : 0);
+        QCoreApplication::postEvent(&fuoco(), new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, QStringLiteral("7")));
+        desktop.setPointer(Pointer::normal);
+        QTest::qWait(1);
+        EXPECT_EQ(controlli->txtLinea.text() == "7", !lunga);
+    }
+}
+
 TEST_F(Gesti, UnErroreNonPresoSiMostraEIlProgrammaContinua)
 {
     std::string titolo;

@@ -31,12 +31,22 @@ void InputFilter::pass(QWidget& target, QEvent& event)
     std::erase(passing_, &event);
 }
 
+void InputFilter::dropPending()
+{
+    deaf_ = true;
+    QCoreApplication::processEvents();
+    deaf_ = false;
+}
+
 bool InputFilter::eventFilter(QObject* target, QEvent* event)
 {
     if (!target->isWidgetType()) {
         return false;
     }
     auto& widget = static_cast<QWidget&>(*target);
+    if (deaf_ && dynamic_cast<QInputEvent*>(event) != nullptr) {
+        return true;
+    }
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         if (keyWindow(widget) != nullptr) {

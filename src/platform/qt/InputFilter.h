@@ -21,6 +21,8 @@ public:
     explicit InputFilter(QtDesktop& desktop) : desktop_(desktop) {}
     bool eventFilter(QObject* target, QEvent* event) override;
     [[nodiscard]] bool lastByKey() const { return byKey_; }
+    // Swallows what the hand did that nobody has seen yet.
+    void dropPending();
 
 private:
     bool key(QWidget& target, QKeyEvent& event);
@@ -40,6 +42,7 @@ private:
     Control* entered_ = nullptr;          // by the mouse button that is still down
     const Control* refused_ = nullptr;    // another control kept the focus from it during this press
     bool byKey_ = false;
+    bool deaf_ = false;
 };
 
 }  // namespace bravona

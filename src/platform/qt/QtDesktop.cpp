@@ -23,6 +23,10 @@
 
 namespace bravona {
 
+namespace {
+constexpr qint64 longWait = 500;  // ms
+}
+
 QtDesktop::QtDesktop(QSettings* store) : places_(store), filter_(std::make_unique<InputFilter>(*this))
 {
     theme::install();
@@ -234,8 +238,13 @@ void QtDesktop::setPointer(Pointer pointer)
     }
     waiting_ = wait;
     if (wait) {
+        waitingSince_.start();
         QApplication::setOverrideCursor(Qt::WaitCursor);
     } else {
+        // After a long wait a key of the waiting must not answer the box that tells the result, unseen.
+        if (waitingSince_.hasExpired(longWait)) {
+            filter_->dropPending();
+        }
         QApplication::restoreOverrideCursor();
     }
 }

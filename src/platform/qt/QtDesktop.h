@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QObject>
 #include <QPointer>
@@ -117,6 +118,7 @@ private:
     int movingFocus_ = 0;
     bool focusPending_ = false;
     bool waiting_ = false;  // the wait pointer
+    QElapsedTimer waitingSince_;
     Files ownFiles_;
     Files* files_ = &ownFiles_;
 };
