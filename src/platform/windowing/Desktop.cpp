@@ -107,6 +107,21 @@ void Desktop::show(Form& form)
     activateFront();
 }
 
+namespace {
+
+class Held {
+public:
+    explicit Held(int& depth) : depth_(depth) { ++depth_; }
+    ~Held() { --depth_; }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+
+private:
+    int& depth_;
+};
+
+}  // namespace
+
 void Desktop::showModal(Form& form)
 {
     if (leaving_ || ended_) {
@@ -123,6 +138,8 @@ void Desktop::showModal(Form& form)
     }
     show(form);
     if (form.shown_) {
+        // What closes meanwhile is not swept: who asked still reads the answer from it.
+        const Held held(depth_);
         doModalLoop(form, [this, &form] { return !form.shown_ || ended_; });
     }
     if (ended_) {
