@@ -60,6 +60,11 @@ void install()
     static constexpr const char* mark = "bravonaStyle";
     if (!qApp->property(mark).toBool()) {
         QApplication::setStyle(new OutliningStyle(QApplication::style()->name()));
+        // A machine with hardly any fonts falls back on a typewriter's.
+        if (QFont font = QApplication::font(); QFontInfo(font).fixedPitch()) {
+            font.setFamily(QStringLiteral("Liberation Sans"));
+            QApplication::setFont(font);
+        }
         qApp->setProperty(mark, true);
     }
 }
