@@ -53,6 +53,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         try {
             bravona::EngineStatement prepared(cn.impl().engine.get(), sql);
         } catch (const bravona::Errore& e) {
+            constexpr std::uint32_t nestedTooDeeply = 3360;
+            if (e.numero() == nestedTooDeeply) {
+                return 0;
+            }
             std::fprintf(stderr, "%s\n%.*s\n%s\n", e.what(), static_cast<int>(size), statement.data(), sql.c_str());
             std::abort();
         }

@@ -111,6 +111,9 @@ Errore engineError(sqlite3* db)
 EngineStatement::EngineStatement(sqlite3* db, std::string_view sql)
 {
     const int code = sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr);
+    if (code == SQLITE_ERROR && std::string_view(sqlite3_errmsg(db)) == "parser stack overflow") {
+        throw Errore(3360, "Istruzione troppo annidata.");
+    }
     if (code == SQLITE_ERROR) {
         throw Errore(3075, "Istruzione non valida: " + std::string(sqlite3_errmsg(db)));
     }

@@ -62,6 +62,23 @@ TEST(Traduttore, CioCheNonCapisceEUnErroreCheDiceDove)
     }
 }
 
+// The engine's own parser goes only so deep; newer ones go deeper.
+TEST(Traduttore, UnaFilaDiSegniSiCalcolaOSiRifiutaPerLaSuaProfondita)
+{
+    ArchivioTemporaneo archivio;
+    archivio.cn.execute("INSERT INTO Archivi (AnnoArchivio) VALUES (2004)");
+    for (const int segni : {10, 50}) {
+        try {
+            EXPECT_EQ(archivio.valore("SELECT " + std::string(static_cast<std::size_t>(segni), '-') +
+                                      "AnnoArchivio FROM Archivi WHERE AnnoArchivio = 2004"),
+                      "2004");
+        } catch (const Errore& e) {
+            EXPECT_EQ(e.numero(), 3360U) << e.descrizione();
+            EXPECT_EQ(segni, 50);
+        }
+    }
+}
+
 TEST(Traduttore, UnaDataScrittaDentroUnaFormaNotaSiControllaOgniVolta)
 {
     ArchivioTemporaneo archivio;
