@@ -62,8 +62,10 @@ void FRM_Backup::CreaBackup()
     }
     const std::string destinazione = Files::native(Text2.text() + "\\DBBVEURO_Backup.bk");
     const auto fatto = [&](const clsHuffman::Esito& esito) {
+        // The backup is always of the program folder's archive, also while another is in use.
+        const bool altro = !archivioDelProgrammaInUso(sessione_);
         racconta("Backup di " + testoByte(esito.scritti) + " byte (archivio " + testoByte(esito.letti) + " byte) in " +
-                     destinazione,
+                     destinazione + (altro ? "; non è l'archivio in uso" : ""),
                  "Il Backup e stato fatto e salvato. .\n"
                  "si consiglia di effettuare periodicamente l'operazione di backup.");
     };

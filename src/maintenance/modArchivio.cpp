@@ -181,15 +181,19 @@ std::string compatta(Sessione& sessione, const std::string& temporaneo, const Co
         throw Errore(3204, "Il file \"" + temporaneo + "\" esiste già.");
     }
     Connection::discardJournal(temporaneo);
+    const Avanzamento avanzamento(sessione);
     Connection tenuto;
     tenuto.hold(archivio, passwordArchivio, Hold::toReplace);
     const std::uint64_t prima = files.size(archivio);
     std::uint64_t dopo = 0;
     try {
+        avanzamento.passo("Compattazione dell'archivio: copia...", 0);
         files.copy(archivio, temporaneo);
         tenuto.holdAgain();
+        avanzamento.passo("Compattazione dell'archivio: riordino...", 30);
         Connection::compact(temporaneo, passwordArchivio, dipinge);
         dopo = files.size(temporaneo);
+        avanzamento.passo("Compattazione dell'archivio: sostituzione...", 80);
         files.copy(temporaneo, archivio);
     } catch (...) {
         togli(files, temporaneo);
@@ -211,6 +215,11 @@ bool stessoFile(const std::string& uno, const std::string& altro)
 std::string percorsoDatabase(const Sessione& sessione)
 {
     return nellaCartella(sessione, "\\Database\\DBBVEURO.mdb");
+}
+
+bool archivioDelProgrammaInUso(const Sessione& sessione)
+{
+    return stessoFile(sessione.PercorsoArchivio, percorsoDatabase(sessione));
 }
 
 clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione,
@@ -272,8 +281,6 @@ void CompattaArchivio(Sessione& sessione)
         try {
             const clsCursorWait attesa(sessione.desktop());
             const FinestreVive finestre(sessione);
-            Annuncia(sessione, "Compattazione dell'archivio in corso...");
-            sessione.desktop().repaint();
             parola = compatta(sessione, nellaCartella(sessione, "\\temp_db.mdb"), finestre.dipinge());
         } catch (const Errore& errore) {
             Annuncia(sessione, "Compattazione non riuscita");

@@ -19,6 +19,9 @@ using Racconto = std::function<void(const clsHuffman::Esito& esito)>;
 // The database that a backup reads and a restore replaces, wherever the archive in use lies.
 std::string percorsoDatabase(const Sessione& sessione);
 
+// Whether that is the archive in use.
+bool archivioDelProgrammaInUso(const Sessione& sessione);
+
 // Packs the database into `destinazione`. Errore 3031 when it is no archive, 3049 when it is damaged, 3218 when another
 // program is changing it, 75 when the destination is an archive in use, and those of the codec and the files; what was
 // at the destination is then as it was.

@@ -215,6 +215,21 @@ void Annuncia(Sessione& sessione, const std::string& testo)
     }
 }
 
+void Avanzamento::passo(const std::string& testo, int percento) const
+{
+    mostra(percento);
+    Annuncia(sessione_, testo);
+    sessione_.desktop().repaint();
+}
+
+void Avanzamento::mostra(std::optional<int> percento) const
+{
+    if (Form* principale = sessione_.schermate().find("frmMain")) {
+        principale->statusBar->progress = percento;
+        principale->statusBarChanged();
+    }
+}
+
 std::int32_t ProssimoNumero(Sessione& sessione, const std::string& tabella, std::int32_t registro)
 {
     return massimoPiuUno(sessione, "SELECT MAX(NumeroDocumento) As UltimoDocumento FROM " + tabella +

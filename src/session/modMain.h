@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/values/Errore.h"
@@ -31,6 +32,19 @@ void CentraFinestra(Form& finestra, bool sulloSchermo);
 void MostraAnnoRiferimento(Sessione& sessione);
 // A short word on what just happened, in the main window's status bar.
 void Annuncia(Sessione& sessione, const std::string& testo);
+// What a long work is doing, there, with a bar beside it as long as it lives.
+class Avanzamento {
+public:
+    explicit Avanzamento(Sessione& sessione) : sessione_(sessione) {}
+    ~Avanzamento() { mostra(std::nullopt); }
+    Avanzamento(const Avanzamento&) = delete;
+    Avanzamento& operator=(const Avanzamento&) = delete;
+    void passo(const std::string& testo, int percento) const;  // paints
+
+private:
+    void mostra(std::optional<int> percento) const;
+    Sessione& sessione_;
+};
 
 // Numbering. The reference year's highest number of the table, in the register, plus 1.
 std::int32_t ProssimoNumero(Sessione& sessione, const std::string& tabella, std::int32_t registro);

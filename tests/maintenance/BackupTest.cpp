@@ -122,6 +122,13 @@ TEST_F(Backup, AnArchiveInUseElsewhereIsNoPlaceForABackupEither)
     EXPECT_EQ(numeroDelFallimento([&] { return SalvaArchivio(sessione, huffman, backup()); }),
               errori::erroreDiPercorso);
     EXPECT_EQ(clienteIn(in("altrove.mdb")), "Rossi");
+    // The person is told that the backup is of the other one.
+    con<FRM_Backup>("FRM_Backup", [&](FRM_Backup& finestra) {
+        utente.chooseFolder(finestra.Dir1, in("salvati"));
+        fs::remove(backup());
+        utente.click(finestra.Command2);
+    });
+    EXPECT_TRUE(parola().ends_with(backup() + "; non è l'archivio in uso")) << parola();
 }
 
 TEST_F(Backup, WhatWasAchievedIsToldBeforeTheOpeningThatFails)
@@ -377,7 +384,16 @@ TEST_F(Backup, AnArchiveShrinksByWhatWasDeleted)
     sessione.cn.commit();
     esegui("DELETE * FROM Comuni");
     const std::uint64_t prima = files.size(archivio());
+    std::vector<int> avanzamento;
+    utente.whilePainting = [&] {
+        const std::optional<int> percento = principale().statusBar->progress;
+        if (percento && (avanzamento.empty() || avanzamento.back() != *percento)) {
+            avanzamento.push_back(*percento);
+        }
+    };
     CompattaArchivio(sessione);
+    EXPECT_EQ(avanzamento, (std::vector<int>{0, 30, 80}));
+    EXPECT_EQ(principale().statusBar->progress, std::nullopt);
     const std::uint64_t dopo = files.size(archivio());
     EXPECT_LT(dopo, prima / 2 + prima / 4);
     EXPECT_EQ(parola(), "Archivio compattato: da " + testoByte(prima) + " a " + testoByte(dopo) + " byte");

@@ -173,6 +173,7 @@ void FormWindow::followForm()
     followMenu();
     if (main() != nullptr && form_->statusBar) {
         main()->setPanels(form_->statusBar->panels);
+        main()->setProgress(form_->statusBar->progress);
     }
 }
 

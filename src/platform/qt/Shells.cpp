@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
+#include <QProgressBar>
 #include <QStatusBar>
 #include <QStyle>
 #include <algorithm>
@@ -66,8 +67,11 @@ private:
 
 }  // namespace
 
-MainShell::MainShell() : area_(new DeskArea(this))
+MainShell::MainShell() : area_(new DeskArea(this)), progress_(new QProgressBar)
 {
+    progress_->setFixedWidth(theme::pixels(160));
+    progress_->hide();
+    statusBar()->addPermanentWidget(progress_);
     setCentralWidget(area_);
     menuBar()->setNativeMenuBar(false);
     statusBar()->setSizeGripEnabled(false);
@@ -85,6 +89,12 @@ void MainShell::setPanels(const std::vector<std::string>& panels)
         panels_[i]->setText(i < panels.size() ? toQt(panels[i]) : QString());
         panels_[i]->setToolTip(panels_[i]->text());
     }
+}
+
+void MainShell::setProgress(std::optional<int> percent)
+{
+    progress_->setVisible(percent.has_value());
+    progress_->setValue(percent.value_or(0));
 }
 
 }  // namespace bravona

@@ -5,10 +5,12 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
 class QLabel;
+class QProgressBar;
 
 namespace bravona {
 
@@ -47,10 +49,12 @@ public:
     MainShell();
     [[nodiscard]] DeskArea* area() const { return area_; }
     void setPanels(const std::vector<std::string>& panels);
+    void setProgress(std::optional<int> percent);
 
 private:
     DeskArea* area_;
     std::vector<QLabel*> panels_;
+    QProgressBar* progress_;
 };
 
 }  // namespace bravona

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -260,6 +261,7 @@ public:
 
 struct StatusBar {
     std::vector<std::string> panels;
+    std::optional<int> progress;  // percent of a long work; none: no bar
 };
 
 }  // namespace bravona
