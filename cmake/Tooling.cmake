@@ -12,7 +12,7 @@ if(BRAVONA_CLANG_FORMAT)
 endif()
 if(BRAVONA_CLANG_TIDY AND BRAVONA_RUN_CLANG_TIDY)
     add_custom_target(tidy
-        COMMAND ${BRAVONA_RUN_CLANG_TIDY} -quiet -clang-tidy-binary ${BRAVONA_CLANG_TIDY} -p ${CMAKE_BINARY_DIR}
+        COMMAND ${BRAVONA_RUN_CLANG_TIDY} -quiet -extra-arg=-Wno-unknown-warning-option -clang-tidy-binary ${BRAVONA_CLANG_TIDY} -p ${CMAKE_BINARY_DIR}
                 "${CMAKE_SOURCE_DIR}/(src|tools|tests|bench|fuzz)/.*\\.cpp"
         USES_TERMINAL VERBATIM)
 endif()

@@ -127,8 +127,6 @@ void BloccoCliente::nessunCliente()
 void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
 {
     if (id <= 0) {
-        // Another screen may have looked for suppliers meanwhile.
-        sessione_.TipoAnagraficaCorrente = "C";
         id = RicercaClientiFornitori(sessione_, tabellaClienti, txtCliente[nome].text(), perNome);
         if (id == ricerca::nessunRecord) {
             nessunCliente();

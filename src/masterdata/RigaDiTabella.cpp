@@ -27,6 +27,7 @@ bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const ch
                               const Rifiuti& rifiuti, const Seguito& seguito) const
 {
     bool inserita = false;
+    bool inSeguito = false;
     try {
         std::optional<Transaction> transazione;
         if (seguito) {
@@ -39,18 +40,21 @@ bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const ch
         inserita = true;
         const std::int32_t nuova = record[chiave].asLong();
         if (seguito) {
+            inSeguito = true;
             seguito(nuova);
+            inSeguito = false;
             transazione->commit();
         }
         id = nuova;
         return true;
     } catch (const Errore& errore) {
         // The transaction is over: nobody else waits for as long as a box stands.
-        if (inserita) {
-            riferisci(errore, routine);
-        } else if (errore.numero() == errori::chiaveDuplicata) {
+        if (inSeguito) {
+            throw;
+        }
+        if (!inserita && errore.numero() == errori::chiaveDuplicata) {
             sessione_.desktop().inform(rifiuti.doppione, rifiuti.titolo);
-        } else if (errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
+        } else if (!inserita && errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
             sessione_.desktop().inform(rifiuti.senzaNome, rifiuti.titolo);
         } else {
             riferisci(errore, routine);

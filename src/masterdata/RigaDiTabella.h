@@ -11,7 +11,8 @@ namespace bravona {
 // One row of a table of master data. The operations answer false after having told the person why.
 class RigaDiTabella {
 public:
-    // What is written behind a new row of that key: the row and this are stored together or not at all.
+    // What is written behind a new row of that key: the row and this are stored together or not at all. What fails in
+    // it is the caller's to tell.
     using Seguito = std::function<void(std::int32_t id)>;
 
     Connection* DataBase;

@@ -122,7 +122,7 @@ void frmAggiornamentoListino::spunta(bool tutti)
 // The text goes in as typed, with the store's wildcards in it.
 std::string frmAggiornamentoListino::filtro() const
 {
-    const std::string ordine = " ORDER BY Articoli.DescrizionePrincipale";
+    std::string ordine = " ORDER BY Articoli.DescrizionePrincipale";
     if (cmbFiltro.listIndex() <= 0) {
         return ordine;
     }
@@ -214,7 +214,9 @@ bool frmAggiornamentoListino::AggiornaPrezzi(const std::vector<std::string>& art
     try {
         Transaction tutti(sessione_.cn);
         for (const std::string& articolo : articoli) {
-            sessione_.cn.execute(inizio + articolo + fine);
+            std::string istruzione = inizio;
+            istruzione.append(articolo).append(fine);
+            sessione_.cn.execute(istruzione);
         }
         tutti.commit();
         return true;

@@ -68,25 +68,15 @@ bool frmRegistraArticolo::RegistraNuovoArticolo()
             return false;
         }
         clsArticolo articolo(sessione_);
-        // One that is stored already waits for its prices alone, which failed.
-        const bool nuovo = IDArticolo_ == nessuno;
-        if (!nuovo && !articolo.RileggiArticolo(IDArticolo_)) {
-            return false;
-        }
         raccogli(articolo);
-        if (!(nuovo ? articolo.RegistraArticolo() : articolo.ModificaArticolo(IDArticolo_))) {
+        if (!articolo.RegistraArticolo()) {
             desktop().inform("Errore nella registrazione dell'articolo. \n"
                              "Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);
             vaiAlCampoErrato();
             return false;
         }
-        IDArticolo_ = articolo.IDArticolo;
-        if (!RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro)) {
-            mostra(articolo);
-            return false;
-        }
-        return true;
+        return RegistraPrezziArticolo(sessione_, articolo.IDArticolo, txtEuro);
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmRegistraArticolo", "Routine: RegistraNuovoArticolo");
         return false;

@@ -91,8 +91,6 @@ void frmVariazioneCliente::Ricerca()
     std::int32_t id = IDCliente;
     IDCliente = 0;
     if (id <= 0) {
-        // Another screen may have looked for the other kind meanwhile.
-        sessione().TipoAnagraficaCorrente = Option2.chosen() ? "F" : "C";
         id = RicercaClientiFornitori(sessione(), tabellaClienti, txtCercaCliente.text(), Combo2.listIndex());
     }
     if (id == ricerca::nessunRecord) {

@@ -12,20 +12,6 @@ constexpr const char* zero = "0,00";
 constexpr const char* formatoPrezzo = "###,###,##0.00";
 constexpr std::array unita{"Pz", "Nr", "Mt", "Cm", "Mm", "Kg", "Gr", "Sa"};
 
-// Of the first lists; one beyond has no box.
-std::array<Currency, numeroListini> prezziArticolo(Sessione& sessione, std::int32_t idArticolo)
-{
-    std::array<Currency, numeroListini> tutti;
-    Recordset prezzi = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
-    for (; !prezzi.eof(); prezzi.moveNext()) {
-        const auto posto = static_cast<std::size_t>(prezzi["IDListino"].longOr(0) - 1);
-        if (posto < tutti.size()) {
-            tutti[posto] = prezzi["Prezzo"].currencyOr({});
-        }
-    }
-    return tutti;
-}
-
 }  // namespace
 
 void CaricaComboIva(Sessione& sessione, ComboBox& combo)
@@ -58,7 +44,6 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
 {
     try {
         Transaction tutti(sessione.cn);
-        const std::array<Currency, numeroListini> attuali = prezziArticolo(sessione, idArticolo);
         sessione.cn.execute("DELETE * FROM ListiniPrezzi WHERE IDarticolo= " + std::to_string(idArticolo));
         Recordset prezzi = sessione.cn.openTable("ListiniPrezzi");
         for (std::size_t i = 0; i < txtEuro.size(); ++i) {
@@ -69,7 +54,7 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
             prezzi.addNew();
             prezzi["IDArticolo"] = int{idArticolo};
             prezzi["IDListino"] = static_cast<int>(i) + 1;
-            prezzi["Prezzo"] = casella.text() == casella.tag ? attuali[i] : toCurrency(casella.text());
+            prezzi["Prezzo"] = toCurrency(casella.text());
             prezzi.update();
         }
         prezzi.close();
@@ -84,10 +69,16 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
 
 void CaricaPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro)
 {
-    const std::array<Currency, numeroListini> prezzi = prezziArticolo(sessione, idArticolo);
-    for (std::size_t i = 0; i < txtEuro.size(); ++i) {
-        txtEuro[i].setText(format(prezzi[i], formatoPrezzo));
-        txtEuro[i].tag = txtEuro[i].text();
+    for (TextBox& casella : txtEuro) {
+        casella.setText(zero);
+    }
+    Recordset prezzi = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
+    for (; !prezzi.eof(); prezzi.moveNext()) {
+        // Of the first lists; one beyond has no box.
+        const auto posto = static_cast<std::size_t>(prezzi["IDListino"].longOr(0) - 1);
+        if (posto < txtEuro.size()) {
+            txtEuro[posto].setText(format(prezzi["Prezzo"].currencyOr({}), formatoPrezzo));
+        }
     }
 }
 

@@ -20,11 +20,9 @@ void CaricaUnitaMisura(ComboBox& combo);
 bool EsisteCodiceArticolo(Sessione& sessione, const std::string& codice, std::int32_t id);
 
 inline constexpr std::size_t numeroListini = 10;
-// Rewrites the article's prices from the ten boxes, an empty one as "0,00"; a box that still shows what
-// `CaricaPrezziArticolo` put there keeps the price as it stands in the archive now. All of them or, false after having
-// told the failure, none.
+// Rewrites the article's prices from the ten boxes, an empty one as "0,00": all of them or, false after having told the
+// failure, none.
 bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro);
-// Each box's tag keeps the text that it shows.
 void CaricaPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro);
 
 // The article's price in the list, "1.234,50", "0,00" when it has none. Empty after a failure, which was told to the

@@ -40,7 +40,7 @@ protected:
     // The original of a backup, as a file.
     [[nodiscard]] std::string originaleDi(const std::string& bk)
     {
-        const std::string file = in("originale.mdb");
+        std::string file = in("originale.mdb");
         huffman.DecodeFile(bk, file);
         return file;
     }

@@ -59,6 +59,7 @@ std::map<int, Codice> codiciDi(const std::array<std::int32_t, 256>& frequenze)
             if (nodo.padre != -1) {
                 continue;
             }
+            // The five cases as they are told, though some do the same. NOLINTBEGIN(bugprone-branch-clone)
             if (nodo1 == -1) {
                 nodo1 = i, peso1 = nodo.peso;
             } else if (nodo2 == -1) {
@@ -74,6 +75,7 @@ std::map<int, Codice> codiciDi(const std::array<std::int32_t, 256>& frequenze)
             } else if (nodo.peso < peso2) {
                 nodo2 = i, peso2 = nodo.peso;
             }
+            // NOLINTEND(bugprone-branch-clone)
         }
         nodi[static_cast<std::size_t>(nodo1)].padre = static_cast<int>(nodi.size());
         nodi[static_cast<std::size_t>(nodo2)].padre = static_cast<int>(nodi.size());

@@ -18,7 +18,7 @@ protected:
         // The heading of a GIF: the scripted user reads no more of it.
         const auto due = [](int n) { return std::string{static_cast<char>(n % 256), static_cast<char>(n / 256)}; };
         const std::string testo = "GIF89a" + due(larghezza) + due(altezza) + std::string(3, '\0');
-        const std::string percorso = (cartella.path() / nome).string();
+        std::string percorso = (cartella.path() / nome).string();
         files.replace(percorso, Bytes(testo.begin(), testo.end()));
         return percorso;
     }

@@ -86,7 +86,7 @@ TEST_F(Scheda, OpensOnTheRowThatACallerNames)
     EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Bianchi");
 }
 
-TEST_F(Scheda, AnotherScreensKindDoesNotTurnTheSearch)
+TEST_F(Scheda, TheSearchGoesByTheKindOfTheSession)
 {
     esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (7, 'Rossi', 'Via Po 1', 'Torino', "
            "'C')");
@@ -94,6 +94,9 @@ TEST_F(Scheda, AnotherScreensKindDoesNotTurnTheSearch)
     scheda.show();
     sessione.TipoAnagraficaCorrente = "F";
     scheda.txtCercaCliente.setText("ros");
+    utente.key(Key::f3);
+    EXPECT_EQ(ultimoMessaggio(), "Cliente: Nessun record trovato!");
+    sessione.TipoAnagraficaCorrente = "C";
     utente.key(Key::f3);
     EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Rossi");
 }

@@ -14,7 +14,7 @@ public:
     std::size_t sotto(std::size_t n) { return static_cast<std::size_t>(prossimo() % n); }
     int fra(int minimo, int massimo)
     {
-        return minimo + static_cast<int>(sotto(static_cast<std::size_t>(massimo - minimo + 1)));
+        return minimo + static_cast<int>(sotto(static_cast<std::size_t>(massimo - minimo) + 1));
     }
     bool unoSu(std::size_t n) { return sotto(n) == 0; }
     template <class T>
