@@ -177,9 +177,10 @@ void EditorRighe::collegaCampi()
             RichiamaPrezzoArticolo(sessione_, articolo, idListino_, txtPrezzo);
     };
     txtPrezzo.onLostFocus = [this] {
-        txtPrezzo.setText(FormattaImporto(txtPrezzo.text()));
         if (txtPrezzo.text().empty())
             txtPrezzo.setText("0,00");
+        else if (isNumeric(txtPrezzo.text()))  // what is none is told when the row is added
+            txtPrezzo.setText(FormattaImporto(txtPrezzo.text()));
     };
     txtPrezzo.onKeyPress = [this](char32_t& tasto) {
         tasto = ValidaImporto(tasto);

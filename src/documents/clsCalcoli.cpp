@@ -92,11 +92,11 @@ TotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& pre
 {
     const std::string testoQuantita = trim(quantita);
     const std::string testoPrezzo = trim(prezzo);
-    // Nothing, or the beginning of a number that has no digit yet.
+    // Nothing, the beginning of a number that has no digit yet, or a quantity that is none.
     const auto nullo = [](const std::string& testo) {
         return testo == "0" || testo.find_first_not_of("-.,") == std::string::npos;
     };
-    if (nullo(testoQuantita) || nullo(testoPrezzo))
+    if (nullo(testoQuantita) || nullo(testoPrezzo) || !isNumeric(testoQuantita))
         return {"0", "0"};
 
     const double pezzi = toDouble(testoQuantita);

@@ -80,7 +80,8 @@ std::string righeConTestata(std::string_view testata, std::string_view righe, st
            std::string(righe) + "\" WHERE \"" + k + "\" = OLD.\"" + k + "\"; END";
 }
 
-Tabella documento(std::string_view nome, std::string_view righe, std::string_view chiave, std::vector<Colonna> proprie)
+Tabella documento(std::string_view nome, std::string_view righe, std::string_view chiave,
+                  const std::vector<Colonna>& proprie)
 {
     Tabella t;
     t.nome = nome;

@@ -31,7 +31,7 @@ Bytes forma(std::uint8_t somma, std::int32_t lunghezza, std::int16_t valori, con
 }
 
 // "abbb" with a = 0, b = 1.
-const Bytes buona = forma('a' ^ 'b' ^ 'b' ^ 'b', 4, 2, {'a', 1, 'b', 1, 0x02, 0x0E});
+const Bytes buona = forma('a' ^ 'b', 4, 2, {'a', 1, 'b', 1, 0x02, 0x0E});
 
 // The description of the failure, empty when there is none. A failure leaves the bytes as they were.
 std::string rifiuto(const Bytes& codificati)
@@ -129,7 +129,7 @@ TEST(HuffmanOstileTest, WhatTheFormatToleratesIsDecoded)
         bit.push_back(valore == 255);
     }
     bit.resize((bit.size() + 7) / 8 * 8);
-    for (const std::size_t valore : {255, 0, 254, 13, 12, 11, 253, 1, 255, 255}) {
+    for (const std::size_t valore : {255U, 0U, 254U, 13U, 12U, 11U, 253U, 1U, 255U, 255U}) {
         bit.insert(bit.end(), std::min<std::size_t>(valore, 254), true);
         bit.push_back(valore == 255);
     }

@@ -55,6 +55,9 @@ void UtenteDiProva::paste(std::string_view text)
             return;
         }
         const std::u32string passed = interaction().filterPaste(control, toCodePoints(text));
+        if (passed.empty()) {
+            return;  // refused like so many keys
+        }
         if (control.kind() == ControlKind::textBox) {
             auto& box = static_cast<TextBox&>(control);
             LineEdit line(toCodePoints(box.text()), box.selStart(), box.selLength());
@@ -146,12 +149,11 @@ void UtenteDiProva::editText(TextBox& box, const KeyEvent& event, char32_t chara
             return;
         }
         line.insert(typed);
-    } else if (box.locked() && deletes) {
-        return;
-    } else if ((event.key == Key::up || event.key == Key::down) && !box.multiLine) {
-        return;
-    } else if (!line.key(event)) {
-        return;
+    } else {
+        const bool nowhere = (event.key == Key::up || event.key == Key::down) && !box.multiLine;
+        if (nowhere || (box.locked() && deletes) || !line.key(event)) {
+            return;
+        }
     }
     const std::string text = fromCodePoints(line.text());
     if (text != box.text()) {

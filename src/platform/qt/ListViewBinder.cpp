@@ -207,6 +207,7 @@ void ListViewBinder::shareSpareWidth()
 void ListViewBinder::saveWidths()
 {
     std::vector<int> widths;
+    widths.reserve(static_cast<std::size_t>(view_->header()->count()));
     for (int i = 0; i < view_->header()->count(); ++i) {
         widths.push_back(view_->header()->sectionSize(i));
     }

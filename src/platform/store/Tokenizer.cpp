@@ -19,7 +19,7 @@ constexpr std::array<std::uint8_t, 256> makeClasses()
     }
     for (int c = 'a'; c <= 'z'; ++c) {
         t[static_cast<std::size_t>(c)] = letter;
-        t[static_cast<std::size_t>(c - 'a' + 'A')] = letter;
+        t[static_cast<std::size_t>(c - 'a') + 'A'] = letter;
     }
     t['_'] = letter;
     for (std::size_t c = 0x80; c < 0x100; ++c) {
