@@ -106,7 +106,7 @@ Misura misura(ProgrammaDiProva& prova, const std::string& istruzione, const std:
             prova.utente.key(Key::escape);
             static_cast<void>(lista);
         });
-        cerca();
+        prova.utente.guard([&] { cerca(); });  // as a command of the person's; the closed list goes at its end
         std::vector<std::vector<std::string>> righe;
         esito.nuda = std::min(esito.nuda, secondi([&] { righe = nuda(prova.sessione().cn, istruzione); }));
         esito.righe = righe.size();
