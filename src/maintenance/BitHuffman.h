@@ -34,27 +34,6 @@ inline void scrivi64(std::uint8_t* a, std::uint64_t valore)
     }
 }
 
-// Each byte by its table, from [da, a) on to `qui`; returns the end of what is written.
-inline std::uint8_t* traduci(const std::array<std::uint8_t, 256>& tabella, const std::uint8_t* da,
-                             const std::uint8_t* a, std::uint8_t* qui)
-{
-    for (; a - da >= 8; da += 8, qui += 8) {
-        const std::uint64_t otto = leggi64(da);
-        qui[0] = tabella[otto & 0xFF];
-        qui[1] = tabella[otto >> 8 & 0xFF];
-        qui[2] = tabella[otto >> 16 & 0xFF];
-        qui[3] = tabella[otto >> 24 & 0xFF];
-        qui[4] = tabella[otto >> 32 & 0xFF];
-        qui[5] = tabella[otto >> 40 & 0xFF];
-        qui[6] = tabella[otto >> 48 & 0xFF];
-        qui[7] = tabella[otto >> 56];
-    }
-    for (; da != a; ++da) {
-        *qui++ = tabella[*da];
-    }
-    return qui;
-}
-
 // Bits waiting for their byte to be full: fewer than 8 of them between two calls.
 class ScritturaBit {
 public:

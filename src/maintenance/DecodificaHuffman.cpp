@@ -1,6 +1,7 @@
 #include "maintenance/DecodificaHuffman.h"
 
 #include "maintenance/BitHuffman.h"
+#include "maintenance/TraduzioneByte.h"
 
 #include <algorithm>
 #include <array>
