@@ -46,14 +46,14 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
         Transaction tutti(sessione.cn);
         sessione.cn.execute("DELETE * FROM ListiniPrezzi WHERE IDarticolo= " + std::to_string(idArticolo));
         Recordset prezzi = sessione.cn.openTable("ListiniPrezzi");
-        for (std::size_t i = 0; i < txtEuro.size(); ++i) {
-            TextBox& casella = txtEuro[i];
+        int listino = 0;
+        for (TextBox& casella : txtEuro) {
             if (casella.text().empty()) {
                 casella.setText(zero);
             }
             prezzi.addNew();
             prezzi["IDArticolo"] = int{idArticolo};
-            prezzi["IDListino"] = static_cast<int>(i) + 1;
+            prezzi["IDListino"] = ++listino;
             prezzi["Prezzo"] = toCurrency(casella.text());
             prezzi.update();
         }
