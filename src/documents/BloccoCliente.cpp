@@ -22,23 +22,26 @@ constexpr std::size_t codiceFiscale = 6;
 
 }  // namespace
 
-BloccoCliente::BloccoCliente(Sessione& sessione, EditorRighe& righe, CampiCliente campi, std::string titolo,
-                             std::string chiamante)
+BloccoCliente::BloccoCliente(Sessione& sessione, std::string titolo, std::string chiamante)
     : sessione_(sessione),
-      righe_(righe),
-      campi_(campi),
       titolo_(std::move(titolo)),
       chiamante_(std::move(chiamante))
 {
+    add("fraCliente", fraCliente);
+    add("txtCliente", txtCliente);
+    add("txtScontoAssociato", txtScontoAssociato);
+    add("txtListinoAssociato", txtListinoAssociato);
+    add("cmdDestinazioneMerce", cmdDestinazioneMerce);
+    add("cmdClear", cmdClear);
+
     for (std::size_t i = secondaRiga; i < txtCliente.size(); ++i)
         txtCliente[i].setLocked(true);
-    for (TextBox& campo : txtScontoAssociato)
+    for (TextBox& campo : txtScontoAssociato) {
         campo.setLocked(true);
-    for (TextBox& campo : txtScontoAssociato)
         campo.align = Align::right;
+    }
     txtListinoAssociato.setLocked(true);
     txtListinoAssociato.align = Align::right;
-    txtCliente[destinazione].tag = "0";
     cmdDestinazioneMerce.setToolTip("Seleziona la destinazione merce");
     cmdDestinazioneMerce.setAccessibleName("Seleziona la destinazione merce");
     cmdClear.setToolTip("Azzera la destinazione merce");
@@ -53,31 +56,21 @@ BloccoCliente::BloccoCliente(Sessione& sessione, EditorRighe& righe, CampiClient
             ImpostaCliente(false, id);
         };
     }
-    cmdDestinazioneMerce.onClick = [this] {
-        if (IDCliente <= 0) {
-            sessione_.desktop().inform("Indicare prima il cliente!", titolo_);
-            txtCliente[nome].setFocus();
-            return;
-        }
-        auto& scelta = sessione_.schermate().as<frmSelezioneDestinazione>("frmSelezioneDestinazione");
-        scelta.IDCliente = IDCliente;
-        scelta.FormChiamante = chiamante_;
-        scelta.showModal();
-    };
+    cmdDestinazioneMerce.onClick = [this] { scegliDestinazione(); };
     cmdClear.onClick = [this] { impostaDestinazione(0, "IDEM"); };
 }
 
-void BloccoCliente::registra(const std::function<void(const std::string&, Control&, int)>& aggiungi)
+void BloccoCliente::scegliDestinazione()
 {
-    constexpr int semplice = -1;
-    aggiungi("fraCliente", fraCliente, semplice);
-    for (int i = 0; i < static_cast<int>(txtCliente.size()); ++i)
-        aggiungi("txtCliente", txtCliente[static_cast<std::size_t>(i)], i);
-    for (int i = 0; i < 3; ++i)
-        aggiungi("txtScontoAssociato", txtScontoAssociato[static_cast<std::size_t>(i)], i);
-    aggiungi("txtListinoAssociato", txtListinoAssociato, semplice);
-    aggiungi("cmdDestinazioneMerce", cmdDestinazioneMerce, semplice);
-    aggiungi("cmdClear", cmdClear, semplice);
+    if (IDCliente <= 0) {
+        sessione_.desktop().inform("Indicare prima il cliente!", titolo_);
+        txtCliente[nome].setFocus();
+        return;
+    }
+    auto& scelta = sessione_.schermate().as<frmSelezioneDestinazione>("frmSelezioneDestinazione");
+    scelta.IDCliente = IDCliente;
+    scelta.FormChiamante = chiamante_;
+    scelta.showModal();
 }
 
 Layout BloccoCliente::layout()
@@ -95,15 +88,10 @@ Layout BloccoCliente::layout()
                                     form({line("Listino", of(txtListinoAssociato))})}))}));
 }
 
-std::array<std::string, 3> BloccoCliente::scontiAssociati() const
-{
-    return {txtScontoAssociato[0].text(), txtScontoAssociato[1].text(), txtScontoAssociato[2].text()};
-}
-
 void BloccoCliente::impostaDestinazione(std::int32_t id, const std::string& nomeDestinazione)
 {
     txtCliente[destinazione].setText(nomeDestinazione);
-    txtCliente[destinazione].tag = std::to_string(id);
+    IDDestinazione = id;
 }
 
 void BloccoCliente::mostraNome()
@@ -112,16 +100,24 @@ void BloccoCliente::mostraNome()
         txtCliente[nome].setText(nomeCliente_);
 }
 
+void BloccoCliente::mostraCondizioni(const CondizioniCliente& condizioni)
+{
+    for (std::size_t i = 0; i < txtScontoAssociato.size(); ++i)
+        txtScontoAssociato[i].setText(std::to_string(condizioni.sconti[i]));
+    txtListinoAssociato.setText(std::to_string(condizioni.listino));
+}
+
 void BloccoCliente::nessunCliente()
 {
     sessione_.desktop().inform("Nessun record trovato!", "Ricerca...");
     for (std::size_t i = nome; i <= destinazione; ++i)
         txtCliente[i].setText({});
-    txtCliente[destinazione].tag = "0";
+    IDDestinazione = 0;
     txtCliente[nome].setFocus();
     IDCliente = 0;
-    righe_.setIDListino(0);
-    bolClienteEsenteIva = false;
+    mostraCondizioni({});
+    if (clienteScelto)
+        clienteScelto({});
 }
 
 void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
@@ -139,7 +135,6 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
     if (!cliente.RichiamaCliente(id))
         return;
     IDCliente = cliente.IDCliente;
-    txtCliente[nome].tag = std::to_string(cliente.IDCliente);
     nomeCliente_ = cliente.Cliente;
     txtCliente[nome].setText(nomeCliente_);
     txtCliente[secondaRiga].setText(cliente.ClienteSecondaRiga);
@@ -147,28 +142,25 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
     impostaDestinazione(0, "IDEM");
     txtCliente[citta].setText(cliente.Cap + " " + cliente.Citta +
                               (cliente.Provincia.empty() ? std::string() : " (" + cliente.Provincia + ")"));
+    txtCliente[partitaIva].setText(cliente.PartitaIva);
+    txtCliente[codiceFiscale].setText(cliente.CodiceFiscale);
     ModalitaPagamento1 = DescrizioneModalitaPagamento(sessione_, cliente.IDpagamento);
-    ModalitaPagamentoCod1 = std::to_string(cliente.IDpagamento);
+    ModalitaPagamentoCod1 = cliente.IDpagamento;
     if (soloTestata)
         return;
 
-    const std::array<std::int32_t, 3> sconti{cliente.ScontoMaggiorazione1, cliente.ScontoMaggiorazione2,
-                                             cliente.ScontoMaggiorazione3};
-    for (std::size_t i = 0; i < sconti.size(); ++i)
-        txtScontoAssociato[i].setText(std::to_string(sconti[i]));
-    righe_.riprendiSconti();
-    bolClienteEsenteIva = cliente.EsenteIva;
-    campi_.txtEsenzioneIVA.setText(
-        cliente.EsenteIva ? cliente.DescrizioneEsenzioneIVA + "\r\n" + cliente.EstremiEsenzioneIVA : std::string());
-    campi_.lblEsenteIva.setCaption(cliente.EsenteIva ? "ESENTE I.V.A." : "");
-    if (cliente.VisualizzaNoteSuDocumenti)
-        campi_.txtNoteGeneriche.setText(cliente.NoteGeneriche);
-    txtCliente[partitaIva].setText(cliente.PartitaIva);
-    txtCliente[codiceFiscale].setText(cliente.CodiceFiscale);
-    righe_.IDListinoOriginale = cliente.IDListino;
-    righe_.setIDListino(cliente.IDListino);
-    txtListinoAssociato.setText(std::to_string(cliente.IDListino));
-    if (txtCliente[partitaIva].text().empty() && txtCliente[codiceFiscale].text().empty()) {
+    ClienteDelDocumento scelto;
+    scelto.condizioni = {cliente.IDListino,
+                         {cliente.ScontoMaggiorazione1, cliente.ScontoMaggiorazione2, cliente.ScontoMaggiorazione3},
+                         cliente.EsenteIva};
+    if (cliente.EsenteIva)
+        scelto.esenzione = cliente.DescrizioneEsenzioneIVA + "\r\n" + cliente.EstremiEsenzioneIVA;
+    scelto.conNote = cliente.VisualizzaNoteSuDocumenti;
+    scelto.note = cliente.NoteGeneriche;
+    mostraCondizioni(scelto.condizioni);
+    if (clienteScelto)
+        clienteScelto(scelto);
+    if (cliente.PartitaIva.empty() && cliente.CodiceFiscale.empty()) {
         sessione_.desktop().inform("Attenzione, il cliente e' sprovvisto di Partita IVA e Codice Fiscale!",
                                    "Anagrafica Cliente");
     }

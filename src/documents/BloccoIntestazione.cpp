@@ -1,16 +1,28 @@
 #include "documents/BloccoIntestazione.h"
 
 #include "masterdata/modValidazioneCampi_Caratteri.h"
-#include "platform/text/Text.h"
 
 namespace bravona {
 
 namespace {
 constexpr std::size_t altro = 4;
-}
+constexpr const char* letteraAltro = "A";
+constexpr std::array<std::pair<const char*, const char*>, altro> causali{
+    {{"V", "VENDITA"}, {"R", "RESO"}, {"C", "CAMPIONE"}, {"W", "VISIONE"}}};
+}  // namespace
 
 BloccoIntestazione::BloccoIntestazione()
 {
+    add("fraIntestazioneDocumento", fraIntestazioneDocumento);
+    add("cmbRegistro", cmbRegistro);
+    add("txtNumeroDocumento", txtNumeroDocumento);
+    add("dtpDataDocumento", dtpDataDocumento);
+    add("txtEsenzioneIVA", txtEsenzioneIVA);
+    add("lblEsenteIva", lblEsenteIva);
+    add("fraCausale", fraCausale);
+    add("optTipoBolla", optTipoBolla);
+    add("txtAltro", txtAltro);
+
     cmbRegistro.width = 24;
     txtNumeroDocumento.align = Align::right;
     txtNumeroDocumento.onKeyPress = filtraTasti(ValidaCifre);
@@ -26,35 +38,34 @@ BloccoIntestazione::BloccoIntestazione()
     optTipoBolla[0].choose();
 }
 
-std::string BloccoIntestazione::CausaleDocumento() const
+CausaleTrasporto BloccoIntestazione::causale() const
 {
-    static constexpr std::array<const char*, 4> causali{"VVENDITA", "RRESO", "CCAMPIONE", "WVISIONE"};
     for (std::size_t i = 0; i < causali.size(); ++i) {
         if (optTipoBolla[i].chosen())
-            return causali[i];
+            return {causali[i].first, causali[i].second};
     }
-    return "A" + upper(txtAltro.text());
+    return {letteraAltro, txtAltro.text()};
+}
+
+void BloccoIntestazione::mostraCausale(const CausaleTrasporto& causale)
+{
+    if (causale.Tipo == letteraAltro) {
+        optTipoBolla[altro].choose();
+        txtAltro.setText(causale.testo);
+        return;
+    }
+    txtAltro.setText({});
+    std::size_t scelta = 0;
+    for (std::size_t i = 0; i < causali.size(); ++i) {
+        if (causale.Tipo == causali[i].first)
+            scelta = i;
+    }
+    optTipoBolla[scelta].choose();
 }
 
 bool BloccoIntestazione::causaleMancante() const
 {
     return optTipoBolla[altro].chosen() && txtAltro.text().empty();
-}
-
-void BloccoIntestazione::registra(const std::function<void(const std::string&, Control&, int)>& aggiungi)
-{
-    constexpr int semplice = -1;
-    const auto uno = [&](const char* nome, Control& controllo) { aggiungi(nome, controllo, semplice); };
-    uno("fraIntestazioneDocumento", fraIntestazioneDocumento);
-    uno("cmbRegistro", cmbRegistro);
-    uno("txtNumeroDocumento", txtNumeroDocumento);
-    uno("dtpDataDocumento", dtpDataDocumento);
-    uno("txtEsenzioneIVA", txtEsenzioneIVA);
-    uno("lblEsenteIva", lblEsenteIva);
-    uno("fraCausale", fraCausale);
-    for (int i = 0; i < static_cast<int>(optTipoBolla.size()); ++i)
-        aggiungi("optTipoBolla", optTipoBolla[static_cast<std::size_t>(i)], i);
-    uno("txtAltro", txtAltro);
 }
 
 Layout BloccoIntestazione::layout()

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <array>
-#include <functional>
+#include <cstdint>
 #include <string>
 
+#include "platform/windowing/ControlGroup.h"
 #include "platform/windowing/Fields.h"
 #include "platform/windowing/Layout.h"
 #include "platform/windowing/Lists.h"
@@ -11,8 +12,13 @@
 
 namespace bravona {
 
-// Register, number, date, exemption and reason for transport of a new document.
-class BloccoIntestazione {
+// One letter for the kind of transport, and its wording.
+struct CausaleTrasporto {
+    std::string Tipo, testo;
+};
+
+// Register, number, date, exemption and reason for transport of a document.
+class BloccoIntestazione final : public ControlGroup {
 public:
     BloccoIntestazione();
 
@@ -27,11 +33,13 @@ public:
                                              OptionButton{"Visione"}, OptionButton{"Altro"}};
     TextBox txtAltro{24};
 
-    // One letter for the kind of transport, and the wording behind it.
-    [[nodiscard]] std::string CausaleDocumento() const;
+    // The reason for transport that is lit. A wording of one's own stands as it was typed.
+    [[nodiscard]] CausaleTrasporto causale() const;
+    // Lights the reason of that letter, the first one for a letter that is none.
+    void mostraCausale(const CausaleTrasporto& causale);
     [[nodiscard]] bool causaleMancante() const;  // "Altro" without a wording
 
-    void registra(const std::function<void(const std::string&, Control&, int)>& aggiungi);
+    [[nodiscard]] std::int32_t registro() const { return cmbRegistro.itemData(); }
     [[nodiscard]] Layout layout();
 };
 

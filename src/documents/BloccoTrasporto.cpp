@@ -1,11 +1,26 @@
 #include "documents/BloccoTrasporto.h"
 
 #include "masterdata/modValidazioneCampi_Caratteri.h"
+#include "platform/values/Numeri.h"
 
 namespace bravona {
 
 BloccoTrasporto::BloccoTrasporto()
 {
+    add("fraNote", fraNote);
+    add("txtNoteGeneriche", txtNoteGeneriche);
+    add("fraSpedizioneAMezzo", fraSpedizioneAMezzo);
+    add("cmbCausaleTrasporto", cmbCausaleTrasporto);
+    add("cmbSpedizione", cmbSpedizione);
+    add("fraVettore", fraVettore);
+    add("txtVettore", txtVettore);
+    add("fraPorto", fraPorto);
+    add("cmbPorto", cmbPorto);
+    add("fraColli", fraColli);
+    add("txtPeso", txtPeso);
+    add("txtColliAspetto", txtColliAspetto);
+    add("txtColliNumero", txtColliNumero);
+
     txtNoteGeneriche.multiLine = true;
     txtNoteGeneriche.lines = 4;
     txtNoteGeneriche.grows = true;
@@ -38,29 +53,33 @@ void BloccoTrasporto::inizializza()
     txtColliAspetto.setText("A vista");
 }
 
+DatiTrasporto BloccoTrasporto::leggi() const
+{
+    DatiTrasporto trasporto;
+    trasporto.SpedizioneAMezzo = cmbSpedizione.text();
+    trasporto.Porto = cmbPorto.text();
+    trasporto.Vettore = txtVettore.text();
+    if (!txtPeso.text().empty())
+        trasporto.Peso = toDouble(txtPeso.text());
+    trasporto.ColliAspetto = txtColliAspetto.text();
+    trasporto.ColliNumero = leadingNumber(txtColliNumero.text());
+    return trasporto;
+}
+
+void BloccoTrasporto::mostra(const DatiTrasporto& trasporto)
+{
+    cmbSpedizione.setText(trasporto.SpedizioneAMezzo);
+    cmbPorto.setText(trasporto.Porto);
+    txtVettore.setText(trasporto.Vettore);
+    txtPeso.setText(trasporto.Peso ? numberText(*trasporto.Peso) : std::string());
+    txtColliAspetto.setText(trasporto.ColliAspetto);
+    txtColliNumero.setText(numberText(trasporto.ColliNumero));
+}
+
 void BloccoTrasporto::abilita(bool abilitati)
 {
     for (Frame* cornice : {&fraNote, &fraSpedizioneAMezzo, &fraVettore, &fraPorto, &fraColli})
         cornice->setEnabled(abilitati);
-}
-
-void BloccoTrasporto::registra(const std::function<void(const std::string&, Control&, int)>& aggiungi)
-{
-    constexpr int semplice = -1;
-    const auto uno = [&](const char* nome, Control& controllo) { aggiungi(nome, controllo, semplice); };
-    uno("fraNote", fraNote);
-    uno("txtNoteGeneriche", txtNoteGeneriche);
-    uno("fraSpedizioneAMezzo", fraSpedizioneAMezzo);
-    uno("cmbCausaleTrasporto", cmbCausaleTrasporto);
-    uno("cmbSpedizione", cmbSpedizione);
-    uno("fraVettore", fraVettore);
-    uno("txtVettore", txtVettore);
-    uno("fraPorto", fraPorto);
-    uno("cmbPorto", cmbPorto);
-    uno("fraColli", fraColli);
-    uno("txtPeso", txtPeso);
-    uno("txtColliAspetto", txtColliAspetto);
-    uno("txtColliNumero", txtColliNumero);
 }
 
 Layout BloccoTrasporto::layout()

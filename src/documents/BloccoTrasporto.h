@@ -1,8 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "documents/Documento.h"
+#include "platform/windowing/ControlGroup.h"
 #include "platform/windowing/Fields.h"
 #include "platform/windowing/Layout.h"
 #include "platform/windowing/Lists.h"
@@ -11,7 +12,7 @@
 namespace bravona {
 
 // Transport data and notes of a document, shared by the document screens.
-class BloccoTrasporto {
+class BloccoTrasporto final : public ControlGroup {
 public:
     BloccoTrasporto();
 
@@ -30,8 +31,10 @@ public:
     TextBox txtColliNumero{8};
 
     void inizializza();
+    // Errore 13 for a weight that is no number.
+    [[nodiscard]] DatiTrasporto leggi() const;
+    void mostra(const DatiTrasporto& trasporto);
     void abilita(bool abilitati);  // all its frames
-    void registra(const std::function<void(const std::string&, Control&, int)>& aggiungi);
     [[nodiscard]] Layout layout();
 };
 

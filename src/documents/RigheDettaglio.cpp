@@ -1,35 +1,87 @@
 #include "documents/RigheDettaglio.h"
 
-namespace bravona::righe {
+#include "platform/values/Numeri.h"
+
+namespace bravona {
 
 namespace {
+
 constexpr int larghezzaPredefinita = 1440;  // twips
-}
 
-std::vector<ListColumn> ImpostaColonneRighe()
+std::string listinoDi(const RigaDocumento& riga)
 {
-    return {{"Cod.", "cCodice", larghezzaPredefinita, Align::left},
-            {"Desc.", "cDescrizione", 3000, Align::left},
-            {"Q.", "cQuatita", 500, Align::right},
-            {"L.", "cListino", 500, Align::right},
-            {"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right},
-            {"S1", "cSconto1", 500, Align::right},
-            {"S2", "cSconto2", 500, Align::right},
-            {"S3", "cSconto3", 500, Align::right},
-            {"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right},
-            {"C.Iva", "cIva", 400, Align::left}};
+    return riga.Listino.value_or(0) == 0 ? std::string() : std::to_string(*riga.Listino);
 }
 
-ListRow rigaCommento(std::string chiave, std::string codiceRiga, std::string testoRiga)
+SubItem testo(std::string valore)
 {
-    ListRow riga;
-    riga.key = std::move(chiave);
-    riga.text = std::move(codiceRiga);
-    riga.tag = tagCommento;
-    riga.sub.assign(colonne - 1, SubItem{"-", {}});
-    riga.sub[descrizione - 1].text = std::move(testoRiga);
-    riga.colour = colours::blue;
-    return riga;
+    return {std::move(valore), {}};
 }
 
-}  // namespace bravona::righe
+ColonnaGriglia sconto(const char* titolo, const char* chiave, std::size_t indice)
+{
+    return {{titolo, chiave, 500, Align::right},
+            [indice](const RigaDocumento& riga) { return testo(numberText(riga.Sconti[indice])); }};
+}
+
+}  // namespace
+
+ColonneGriglia colonneVendita()
+{
+    return {{{"Cod.", "cCodice", larghezzaPredefinita, Align::left},
+             [](const RigaDocumento& riga) {
+                 return SubItem{riga.CodiceArticolo, std::to_string(riga.IDArticolo)};
+             },
+             true},
+            {{"Desc.", "cDescrizione", 3000, Align::left},
+             [](const RigaDocumento& riga) {
+                 return SubItem{riga.Descrizione, riga.commento() ? std::string() : riga.UnitaMisura};
+             },
+             true},
+            {{"Q.", "cQuatita", 500, Align::right},
+             [](const RigaDocumento& riga) {
+                 return testo(riga.quantitaScritta.empty() ? numberText(riga.Quantita) : riga.quantitaScritta);
+             }},
+            {{"L.", "cListino", 500, Align::right}, [](const RigaDocumento& riga) { return testo(listinoDi(riga)); }},
+            {{"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right},
+             [](const RigaDocumento& riga) {
+                 return testo(riga.prezzoScritto.empty() ? FormattaImporto(riga.PrezzoUnitario) : riga.prezzoScritto);
+             }},
+            sconto("S1", "cSconto1", 0),
+            sconto("S2", "cSconto2", 1),
+            sconto("S3", "cSconto3", 2),
+            {{"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right},
+             [](const RigaDocumento& riga) {
+                 return testo(riga.totaleScritto.empty() ? FormattaImporto(riga.TotaleRiga) : riga.totaleScritto);
+             }},
+            {{"C.Iva", "cIva", 400, Align::left}, [](const RigaDocumento& riga) {
+                 return SubItem{riga.CodiceIva, std::to_string(riga.IDCodiceIva)};
+             }}};
+}
+
+std::vector<ListColumn> intestazioni(const ColonneGriglia& colonne)
+{
+    std::vector<ListColumn> titoli;
+    titoli.reserve(colonne.size());
+    for (const ColonnaGriglia& colonna : colonne)
+        titoli.push_back(colonna.colonna);
+    return titoli;
+}
+
+ListRow disegna(const ColonneGriglia& colonne, const RigaDocumento& riga, std::string chiave)
+{
+    ListRow disegnata;
+    disegnata.key = std::move(chiave);
+    const SubItem principale = colonne.front().contenuto(riga);
+    disegnata.text = principale.text;
+    disegnata.tag = principale.tag;
+    for (std::size_t i = 1; i < colonne.size(); ++i) {
+        const bool vuota = riga.commento() && !colonne[i].ancheNeiCommenti;
+        disegnata.sub.push_back(vuota ? SubItem{"-", {}} : colonne[i].contenuto(riga));
+    }
+    if (riga.commento())
+        disegnata.colour = colours::blue;
+    return disegnata;
+}
+
+}  // namespace bravona

@@ -6,22 +6,6 @@
 
 namespace bravona {
 
-namespace {
-
-constexpr double tagMinimoValido = -1;  // a row typed without a search; comment rows carry -5
-
-bool rigaValida(const FonteRighe& righe, std::size_t riga)
-{
-    return leadingNumber(righe.tagRiga(riga)) >= tagMinimoValido;
-}
-
-Currency importoRiga(const FonteRighe& righe, std::size_t riga)
-{
-    return toCurrency(righe.totaleRiga(riga));
-}
-
-}  // namespace
-
 const GruppoIVA& clsCalcoli::gruppo_(int gruppo) const
 {
     if (gruppo < 1 || gruppo > numeroGruppi)
@@ -42,26 +26,23 @@ GruppoIVA& clsCalcoli::gruppoDi(const std::string& codice)
     throw Errore(errori::indiceFuoriIntervallo, "Indice non compreso nell'intervallo");
 }
 
-void clsCalcoli::Calcola()
+void clsCalcoli::Calcola(std::span<const RigaDocumento> righe)
 {
     gruppi_ = {};
     righeValide_ = 0;
     voci_ = imponibile_ = imposta_ = documento_ = Currency{};
-    if (righe_ == nullptr)
-        return;
 
     Currency voci;
-    for (std::size_t riga = 0; riga < righe_->numeroRighe(); ++riga) {
-        if (!rigaValida(*righe_, riga))
+    for (const RigaDocumento& riga : righe) {
+        if (!riga.conImporto())
             continue;
         ++righeValide_;
-        const Currency importo = importoRiga(*righe_, riga);
-        voci += importo;
-        const std::string& codice = righe_->codiceIvaRiga(riga);
-        GruppoIVA& gruppo = gruppoDi(codice);
-        gruppo.Codice = codice;
-        gruppo.Aliquota = tabellaIva_.GetValoreAliquotaIvaFromCodice(codice);
-        gruppo.Imponibile += importo;
+        voci += riga.TotaleRiga;
+        GruppoIVA& gruppo = gruppoDi(riga.CodiceIva);
+        gruppo.Codice = riga.CodiceIva;
+        gruppo.Aliquota = tabellaIva_.GetValoreAliquotaIvaFromCodice(riga.CodiceIva);
+        gruppo.Imponibile += riga.TotaleRiga;
+        // On the group's sum, never row by row.
         gruppo.ImportoIva = Currency::fromDouble(gruppo.Imponibile.toDouble() * (gruppo.Aliquota / 100.0));
         gruppo.Totale = gruppo.Imponibile + gruppo.ImportoIva;
     }
@@ -71,6 +52,15 @@ void clsCalcoli::Calcola()
         imposta_ += gruppo.ImportoIva;
     }
     documento_ = voci_ + imposta_;
+}
+
+void clsCalcoli::riporta(TestataDocumento& testata) const
+{
+    testata.Gruppi = gruppi_;
+    testata.TotaleIvaEsclusa = aCentesimi(voci_);
+    testata.ImportoTotaleIva = aCentesimi(imposta_);
+    testata.TotaleDocumento = aCentesimi(documento_);
+    testata.NumeroDettagli = righeValide_;
 }
 
 std::string clsCalcoli::riepilogoIva() const
@@ -87,8 +77,16 @@ std::string clsCalcoli::riepilogoIva() const
     return testo;
 }
 
-TotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& prezzo,
-                             const std::array<double, 3>& sconti)
+TotaleRiga CalcolaTotaleRiga(double quantita, Currency prezzo, const std::array<double, 3>& sconti)
+{
+    double netto = prezzo.toDouble();
+    for (const double sconto : sconti)
+        netto -= netto * (sconto / 100);
+    return {netto, quantita * netto};
+}
+
+TestiTotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& prezzo,
+                                  const std::array<double, 3>& sconti)
 {
     const std::string testoQuantita = trim(quantita);
     const std::string testoPrezzo = trim(prezzo);
@@ -99,16 +97,14 @@ TotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& pre
     if (nullo(testoQuantita) || nullo(testoPrezzo) || !isNumeric(testoQuantita))
         return {"0", "0"};
 
-    const double pezzi = toDouble(testoQuantita);
-    double netto = 0;
+    Currency unitario;
     try {
-        netto = toCurrency(FormattaImporto(prezzo)).toDouble();
+        unitario = aCentesimi(testoPrezzo);
     } catch (const Errore&) {
-        netto = 0;  // a price that cannot be read counts as nothing
+        unitario = {};  // a price that cannot be read counts as nothing
     }
-    for (const double sconto : sconti)
-        netto -= netto * (sconto / 100);
-    return {FormattaImporto(netto), FormattaImporto(pezzi * netto)};
+    const TotaleRiga totale = CalcolaTotaleRiga(toDouble(testoQuantita), unitario, sconti);
+    return {FormattaImporto(totale.prezzoScontato), FormattaImporto(totale.totale)};
 }
 
 }  // namespace bravona

@@ -2,44 +2,24 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
-#include "platform/values/Currency.h"
+#include "documents/Documento.h"
 #include "session/TabellaCodiciIva.h"
 
 namespace bravona {
-
-// One of the five VAT groups of a document.
-struct GruppoIVA {
-    std::string Codice;         // empty: free
-    std::int16_t Aliquota = 0;  // whole percent
-    std::string Descrizione;
-    Currency Imponibile;
-    Currency ImportoIva;
-    Currency Totale;
-};
-
-// The rows as the engine reads them, by position from 0.
-class FonteRighe {
-public:
-    virtual ~FonteRighe() = default;
-    [[nodiscard]] virtual std::size_t numeroRighe() const = 0;
-    [[nodiscard]] virtual const std::string& tagRiga(std::size_t riga) const = 0;     // a number; below -1: no amount
-    [[nodiscard]] virtual const std::string& totaleRiga(std::size_t riga) const = 0;  // amount text
-    [[nodiscard]] virtual const std::string& codiceIvaRiga(std::size_t riga) const = 0;
-};
 
 // Totals of a document in up to five VAT groups, in the order in which the codes first occur. Every `Calcola` starts
 // from zero; the results are those of the last one.
 class clsCalcoli {
 public:
-    static constexpr int numeroGruppi = 5;
+    static constexpr int numeroGruppi = numeroGruppiIva;
 
     explicit clsCalcoli(const TabellaCodiciIva& tabellaIva) : tabellaIva_(tabellaIva) {}
-    void setFormRiferimento(const FonteRighe* righe) { righe_ = righe; }
 
-    // Errore 9 for a sixth VAT code, 13 for a row total that cannot be read.
-    void Calcola();
+    // Errore 9 for a sixth VAT code, 6 for totals out of range.
+    void Calcola(std::span<const RigaDocumento> righe);
 
     // Of a group, 1 to 5; Errore 9 outside.
     [[nodiscard]] std::int16_t GetAliquotaIVA(int gruppo) const { return gruppo_(gruppo).Aliquota; }
@@ -48,6 +28,7 @@ public:
     [[nodiscard]] const std::string& GetDescrizioneAliquotaIva(int gruppo) const { return gruppo_(gruppo).Descrizione; }
     [[nodiscard]] const std::string& GetCodiceAliquotaIVA(int gruppo) const { return gruppo_(gruppo).Codice; }
     [[nodiscard]] Currency GetTotale(int gruppo) const { return gruppo_(gruppo).Totale; }
+    [[nodiscard]] const GruppiIVA& gruppi() const { return gruppi_; }
 
     [[nodiscard]] std::int16_t NumeroRigheValide() const { return righeValide_; }
     [[nodiscard]] Currency TotaleImportoVoci() const { return voci_; }
@@ -58,6 +39,8 @@ public:
     void setTotaleImportoImposta(Currency importo) { imposta_ = importo; }
     void setTotaleImportoDocumento(Currency importo) { documento_ = importo; }
 
+    // Groups and totals into a header, the totals to the cent.
+    void riporta(TestataDocumento& testata) const;
     // The fixed-width lines of the VAT summary, each ended by "\r\n".
     [[nodiscard]] std::string riepilogoIva() const;
 
@@ -66,8 +49,7 @@ private:
     GruppoIVA& gruppoDi(const std::string& codice);  // PosizioneGruppoIVA
 
     const TabellaCodiciIva& tabellaIva_;
-    const FonteRighe* righe_ = nullptr;
-    std::array<GruppoIVA, numeroGruppi> gruppi_;
+    GruppiIVA gruppi_;
     std::int16_t righeValide_ = 0;
     Currency voci_;
     Currency imponibile_;
@@ -75,14 +57,19 @@ private:
     Currency documento_;
 };
 
-// The arithmetic of one row, from the typed texts.
+// The arithmetic of one row: nothing is rounded between the steps. Euro.
 struct TotaleRiga {
-    std::string prezzoScontato;  // "0", or amount text
-    std::string totale;
+    double prezzoScontato = 0;  // of one piece, after the discounts
+    double totale = 0;
 };
-// Discounts in percent, in chain; the price rounds to two decimals first, the total at the end. A lone "-" as quantity
-// counts as 0. Errore 13 for a quantity that cannot be read; a price that cannot counts as 0.
-TotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& prezzo,
-                             const std::array<double, 3>& sconti);
+// `prezzo` to the cent; discounts in percent, one after the other.
+[[nodiscard]] TotaleRiga CalcolaTotaleRiga(double quantita, Currency prezzo, const std::array<double, 3>& sconti);
+
+// The same while it is typed: "0" as long as there is no quantity or no price, else amount text.
+struct TestiTotaleRiga {
+    std::string prezzoScontato, totale;
+};
+[[nodiscard]] TestiTotaleRiga CalcolaTotaleRiga(const std::string& quantita, const std::string& prezzo,
+                                                const std::array<double, 3>& sconti);
 
 }  // namespace bravona

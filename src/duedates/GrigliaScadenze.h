@@ -3,9 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "duedates/Rate.h"
 #include "platform/clock/Clock.h"
 #include "platform/values/Value.h"
 #include "platform/windowing/Fields.h"
@@ -14,6 +17,15 @@
 #include "platform/windowing/Parts.h"
 
 namespace bravona {
+
+namespace colonne {
+inline constexpr int pagata = 0;
+inline constexpr int scadenza = 1;
+inline constexpr int avere = 2;
+inline constexpr int dare = 3;
+inline constexpr int saldo = 4;
+inline constexpr int dataPagamento = 5;
+}  // namespace colonne
 
 // The due-date grid: instalments edited in place, a paid mark in the first column, a line added and removed by two
 // buttons. It knows no table: its owner fills it and stores it. Columns: 0 paid, 1 due date, 2 "Avere", 3 "Dare", 4
@@ -48,6 +60,12 @@ public:
     void setCols(int colonne);
     [[nodiscard]] bool Locked() const { return bloccata_; }
     void setLocked(bool bloccata);
+    // Headings and widths of the six columns of a document's plan, no lines.
+    void ImpostaColonne();
+    // A document's instalments in place of what is there, and back. Reading: Errore 13 for a date or an amount that is
+    // none.
+    void mostra(std::span<const Rata> rate);
+    [[nodiscard]] std::vector<Rata> rate() const;
     // A line of cells parted by tabs; its first character tells whether it is paid.
     void AddItem(std::string_view linea);
     // Closes an editor that is open, without its events.

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "documents/modRegistrazione.h"
+#include "documents/modScarico.h"
 #include "platform/values/Errore.h"
+#include "platform/values/Numeri.h"
 #include "support/ArchivioTemporaneo.h"
 #include "support/Vettori.h"
 
@@ -61,12 +62,15 @@ TEST_F(StockUnloading, ArticlesAgreeWithTheModelStepByStep)
         ++provati;
         metti(caso["articles"]);
         for (const Json& passo : passi) {
-            std::vector<RigaScarico> righe;
+            std::vector<RigaDocumento> righe;
             for (const Json& riga : passo["rows"]) {
                 if (riga["tag"].get<int>() == -5)
                     continue;
-                righe.push_back({riga["code"].get<std::string>(), riga["quantity"].get<std::string>(),
-                                 riga["price"].get<std::string>(), riga["total"].get<std::string>()});
+                RigaDocumento& nuova = righe.emplace_back();
+                nuova.CodiceArticolo = riga["code"].get<std::string>();
+                nuova.Quantita = toDouble(riga["quantity"].get<std::string>());
+                nuova.PrezzoUnitario = aCentesimi(riga["price"].get<std::string>());
+                nuova.TotaleRiga = aCentesimi(riga["total"].get<std::string>());
             }
             const Date data = Date::parse(passo["date"].get<std::string>()).value();
             if (passo["error"].get<std::string>().empty())

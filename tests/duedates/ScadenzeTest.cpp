@@ -3,6 +3,8 @@
 #include "duedates/GrigliaScadenze.h"
 #include "duedates/modScadenze.h"
 #include "platform/clock/Clock.h"
+#include "platform/values/Errore.h"
+#include "platform/values/Numeri.h"
 #include "support/ArchivioTemporaneo.h"
 #include "support/Vettori.h"
 
@@ -64,8 +66,11 @@ TEST_F(Instalments, PlansAgreeWithTheModel)
     for (const Json& caso : casi("instalments.json", "GeneraScadenze")) {
         SCOPED_TRACE(caso.dump());
         GrigliaScadenze griglia(orologio);
-        GeneraScadenze(archivio.cn, griglia, std::to_string(metodo(caso)), giorno(caso["document_date"]),
-                       caso["register"].get<std::int16_t>(), caso["total"].get<std::string>());
+        const std::vector<Rata> piano =
+            calcolaPiano(archivio.cn, metodo(caso), giorno(caso["document_date"]), caso["register"].get<int>(),
+                         toCurrency(caso["total"].get<std::string>()));
+        griglia.mostra(piano);
+        EXPECT_EQ(griglia.rate(), piano);
         ASSERT_EQ(griglia.Rows() - 1, static_cast<int>(caso["instalments"].size()));
         int riga = 0;
         for (const Json& rata : caso["instalments"]) {
@@ -84,7 +89,7 @@ TEST_F(Instalments, ABalanceRewritesItsAmounts)
 {
     for (const Json& caso : casi("instalments.json", "CalcolaSaldo")) {
         GrigliaScadenze griglia(orologio);
-        ImpostaColonneScadenze(griglia);
+        griglia.ImpostaColonne();
         griglia.setRows(2);
         griglia.setTextMatrix(1, 2, caso["avere"].get<std::string>());
         griglia.setTextMatrix(1, 3, caso["dare"].get<std::string>());
@@ -98,7 +103,7 @@ TEST_F(Instalments, ABalanceRewritesItsAmounts)
 TEST_F(Instalments, AStoredMarkReadsAsPaidOnlyWhenItSaysSo)
 {
     GrigliaScadenze griglia(orologio);
-    ImpostaColonneScadenze(griglia);
+    griglia.ImpostaColonne();
     griglia.setRows(2);
     const auto pagata = [&](const Value& segno) {
         griglia.setTextMatrix(1, 0, segno);
@@ -114,21 +119,9 @@ TEST_F(Instalments, AStoredMarkReadsAsPaidOnlyWhenItSaysSo)
 
 TEST_F(Instalments, ThePlanOfAnUnknownMethodFailsAndThatOfNoMethodIsEmpty)
 {
-    GrigliaScadenze griglia(orologio);
     const Date data = orologio.today();
-    GeneraScadenze(archivio.cn, griglia, "0", data, 1, "€ 10,00");
-    EXPECT_EQ(griglia.Rows(), 1);
-    EXPECT_THROW(GeneraScadenze(archivio.cn, griglia, "77", data, 1, "€ 10,00"), Errore);
-}
-
-TEST_F(Instalments, APlanChangedByHandIsLeftAlone)
-{
-    GrigliaScadenze griglia(orologio);
-    ImpostaColonneScadenze(griglia);
-    griglia.setRows(4);
-    griglia.Modificato = true;
-    GeneraScadenze(archivio.cn, griglia, "77", orologio.today(), 1, "€ 10,00");
-    EXPECT_EQ(griglia.Rows(), 4);
+    EXPECT_TRUE(calcolaPiano(archivio.cn, 0, data, 1, Currency::fromEuro(10)).empty());
+    EXPECT_THROW(static_cast<void>(calcolaPiano(archivio.cn, 77, data, 1, Currency::fromEuro(10))), Errore);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Caso.h"
+#include "documents/Giacenza.h"
 #include "platform/store/Connection.h"
 #include "session/TabellaCodiciIva.h"
 
@@ -27,9 +28,9 @@ struct ArticoloPopolato {
     std::string codice, descrizione, unita;
     std::int32_t idIva = 0;
     std::int64_t prezzo = 0;  // of the first list, cents
-    double carico = 0, scarico = 0, giacenza = 0;
-    Currency costoUltimo, caricoValore, scaricoValore;
-    std::string ultimoCarico, ultimoScarico;
+    Giacenza stock;
+    Currency caricoValore;
+    std::string ultimoCarico;
 };
 
 // The VAT codes of the archive.

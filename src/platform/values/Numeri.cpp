@@ -53,6 +53,17 @@ std::string conDueDecimali(Decimal d)
     return d.round(dueDecimali.decimals, Rounding::halfAwayFromZero).text(dueDecimali);
 }
 
+Currency centesimi(const Decimal& d)
+{
+    constexpr std::int64_t perCentesimo = Currency::unitaPerEuro / 100;
+    const auto centesimi = d.scaled(dueDecimali.decimals, Rounding::halfAwayFromZero);
+    if (!centesimi || *centesimi > std::numeric_limits<std::int64_t>::max() / perCentesimo ||
+        *centesimi < std::numeric_limits<std::int64_t>::min() / perCentesimo) {
+        throw Errore(errori::numeroTroppoGrande, "Numero troppo grande");
+    }
+    return Currency::fromTenThousandths(*centesimi * perCentesimo);
+}
+
 std::string importoEuro(Decimal d)
 {
     std::string s = conDueDecimali(d);
@@ -267,6 +278,21 @@ std::string numberText(double value)
 std::string numberText(Currency value)
 {
     return Decimal::fromScaled(value.tenThousandths(), decimaliCurrency).text();
+}
+
+Currency aCentesimi(double value)
+{
+    return centesimi(Decimal::fromDouble(value));
+}
+
+Currency aCentesimi(Currency value)
+{
+    return centesimi(Decimal::fromScaled(value.tenThousandths(), decimaliCurrency));
+}
+
+Currency aCentesimi(std::string_view text)
+{
+    return text.empty() ? Currency{} : centesimi(leggi(text));
 }
 
 std::string FormattaImporto(std::string_view text)

@@ -35,6 +35,14 @@ double toDouble(std::string_view text);
 Currency toCurrency(std::string_view text);
 Date toDate(std::string_view text);
 
+// --- Rounding ---------------------------------------------------------------------------------------------------
+
+// To the cent, as the amount text shows it: halves away from zero on the decimal form (of 15 significant digits for a
+// double). Errore 6 out of range; for a text also 13 when it is no number. An empty text is 0.
+Currency aCentesimi(double value);
+Currency aCentesimi(Currency value);
+Currency aCentesimi(std::string_view text);
+
 // --- Writing ---------------------------------------------------------------------------------------------------
 
 // The number patterns in use: "###,###,##0.00" and "#,##0.00" (two decimals, points between thousands, halves away from

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/windowing/Control.h"
+#include "platform/windowing/ControlGroup.h"
 #include "platform/windowing/Layout.h"
 #include "platform/windowing/Parts.h"
 
@@ -102,6 +103,11 @@ protected:
     {
         for (std::size_t i = 0; i < N; ++i)
             add(name, controls[i], static_cast<int>(i));
+    }
+    void add(const ControlGroup& group)
+    {
+        for (const ControlGroup::Part& part : group.parts())
+            add(part.name, *part.control, part.index);
     }
     // Once, at the end of the constructor, after all controls were added.
     void setLayout(Layout layout);

@@ -1,0 +1,73 @@
+#include "documents/GrigliaRighe.h"
+
+#include <algorithm>
+
+#include "platform/values/Errore.h"
+
+namespace bravona {
+
+namespace {
+
+const char* lettera(const RigaDocumento& riga)
+{
+    return riga.commento() ? "c" : "r";
+}
+
+}  // namespace
+
+GrigliaRighe::GrigliaRighe(ColonneGriglia colonne) : colonne_(std::move(colonne))
+{
+    add("lvwDettagli", lvwDettagli);
+    lvwDettagli.setColumns(intestazioni(colonne_));
+}
+
+void GrigliaRighe::mostra(std::span<const RigaDocumento> righe)
+{
+    righe_.assign(righe.begin(), righe.end());
+    std::vector<ListRow> disegnate;
+    disegnate.reserve(righe_.size());
+    for (const RigaDocumento& riga : righe_) {
+        ultimaChiave_ = std::max<std::int64_t>(ultimaChiave_, riga.IDRiga);
+        disegnate.push_back(disegna(colonne_, riga, std::to_string(riga.IDRiga) + lettera(riga)));
+    }
+    lvwDettagli.clear();
+    lvwDettagli.append(std::move(disegnate));
+}
+
+void GrigliaRighe::aggiungi(const RigaDocumento& riga, bool ritenta)
+{
+    for (;;) {
+        try {
+            lvwDettagli.add(disegna(colonne_, riga, NuovaChiaveRiga() + lettera(riga)));
+            break;
+        } catch (const Errore& errore) {
+            if (errore.numero() != errori::chiaveGiaInElenco || !ritenta)
+                throw;
+        }
+    }
+    righe_.push_back(riga);
+    scegli(righe_.size() - 1);
+}
+
+void GrigliaRighe::cambia(std::size_t posizione, const RigaDocumento& riga)
+{
+    lvwDettagli.setRow(posizione, disegna(colonne_, riga, lvwDettagli.row(posizione).key));
+    righe_.at(posizione) = riga;
+    scegli(posizione);
+}
+
+void GrigliaRighe::togli(std::size_t posizione)
+{
+    lvwDettagli.remove(posizione);
+    righe_.erase(righe_.begin() + static_cast<std::ptrdiff_t>(posizione));
+    if (!righe_.empty())
+        scegli(righe_.size() - 1);
+}
+
+void GrigliaRighe::scegli(std::size_t posizione)
+{
+    lvwDettagli.ensureVisible(posizione);
+    lvwDettagli.select(posizione);
+}
+
+}  // namespace bravona
