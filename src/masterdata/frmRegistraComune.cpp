@@ -37,6 +37,12 @@ frmRegistraComune::frmRegistraComune(Sessione& sessione)
 void frmRegistraComune::onLoad()
 {
     CentraFinestra(*this, false);
+    comeLasciati_ = fieldContents();
+}
+
+std::string frmRegistraComune::subject() const
+{
+    return titoloTabella;
 }
 
 void frmRegistraComune::svuota()

@@ -8,6 +8,7 @@ namespace bravona {
 
 namespace {
 constexpr const char* titoloComune = "Comune";
+constexpr const char* titoloTabella = "Tabella Comuni";
 constexpr std::size_t aggiorna = 0;
 constexpr std::size_t esci = 1;
 constexpr std::size_t nuovo = 2;
@@ -63,6 +64,7 @@ void frmVariazioneComune::onLoad()
     cmdComune[aggiorna].setVisible(!sceglie);
     cmdComune[nuovo].setVisible(!sceglie);
     setDefaultButton(sceglie ? &Command1 : &cmdComune[aggiorna]);
+    comeMostrati_ = contenuto();
     txtCercaComune.setFocus();
     if (IDCodiceComune > 0) {
         Ricerca();
@@ -81,6 +83,12 @@ void frmVariazioneComune::pulisci()
 {
     caricato_ = 0;
     campi.svuota();
+    comeMostrati_ = contenuto();
+}
+
+std::string frmVariazioneComune::subject() const
+{
+    return titoloTabella;
 }
 
 void frmVariazioneComune::Ricerca()
@@ -107,6 +115,7 @@ void frmVariazioneComune::Ricerca()
     }
     caricato_ = id;
     campi.mostra(comune);
+    comeMostrati_ = contenuto();
     if (!(onInserisci && Command1.setFocus())) {
         campi.txtComune.front().setFocus();
     }
@@ -129,7 +138,7 @@ void frmVariazioneComune::Aggiorna()
         return;
     }
     Annuncia(sessione_, "Comune modificato");
-    if (!desktop().ask("Variazione dati effettuata\nVuoi variare i dati di un'altro comune?", "Tabella Comuni")) {
+    if (!desktop().ask("Variazione dati effettuata\nVuoi variare i dati di un'altro comune?", titoloTabella)) {
         unload();
         return;
     }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "masterdata/CampiComune.h"
 #include "platform/windowing/Form.h"
@@ -27,14 +28,18 @@ public:
 
     void onLoad() override;
     void onKeyDown(KeyEvent& evento) override;
+    [[nodiscard]] bool hasUnsavedWork() const override { return contenuto() != comeMostrati_; }
+    [[nodiscard]] std::string subject() const override;
 
 private:
+    [[nodiscard]] std::string contenuto() const { return fieldContents({&cboCampoDiRicerca, &txtCercaComune}); }
     void Ricerca();
     void Aggiorna();
     void Inserisce();
     void pulisci();
     Sessione& sessione_;
     Label lblRicerca_{"Premi F3 per la Ricerca"};
+    std::string comeMostrati_;   // the fields before anybody typed
     std::int32_t caricato_ = 0;  // key of the row on the screen, 0: none
 };
 

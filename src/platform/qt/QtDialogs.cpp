@@ -52,24 +52,25 @@ QMessageBox::Icon iconOf(MsgIcon icon)
     return QMessageBox::NoIcon;
 }
 
-void addButtons(QMessageBox& box, MsgButtons buttons)
+void addButtons(QMessageBox& box, MsgButtons buttons, bool lastIsDefault)
 {
     const auto add = [&box](QMessageBox::StandardButton button, const char* caption) {
         QPushButton* made = box.addButton(button);
         made->setText(QString::fromUtf8(caption));
         return made;
     };
+    const auto offer = [&](QPushButton* first, QPushButton* last) {
+        box.setDefaultButton(lastIsDefault ? last : first);
+    };
     switch (buttons) {
     case MsgButtons::ok:
         box.setDefaultButton(add(QMessageBox::Ok, "OK"));
         break;
     case MsgButtons::okCancel:
-        box.setDefaultButton(add(QMessageBox::Ok, "OK"));
-        add(QMessageBox::Cancel, "Annulla");
+        offer(add(QMessageBox::Ok, "OK"), add(QMessageBox::Cancel, "Annulla"));
         break;
     case MsgButtons::yesNo:
-        box.setDefaultButton(add(QMessageBox::Yes, "&Sì"));
-        add(QMessageBox::No, "&No");
+        offer(add(QMessageBox::Yes, "&Sì"), add(QMessageBox::No, "&No"));
         break;
     }
 }
@@ -161,7 +162,7 @@ MsgAnswer QtDesktop::doMessageBox(const MessageBox& box)
         }
         label->setMinimumWidth(std::min(widest + theme::unit(), theme::pixels(620)));
     }
-    addButtons(*window, box.buttons);
+    addButtons(*window, box.buttons, box.lastIsDefault);
     window->setWindowModality(window->parentWidget() != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     bool over = false;
     int button = 0;

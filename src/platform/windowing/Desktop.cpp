@@ -50,6 +50,15 @@ bool Desktop::ask(const std::string& text, const std::string& title)
            MsgAnswer::yes;
 }
 
+bool Desktop::askBeforeLosing(const std::string& text, const std::string& title)
+{
+    return messageBox({.title = title,
+                       .text = text,
+                       .icon = MsgIcon::question,
+                       .buttons = MsgButtons::yesNo,
+                       .lastIsDefault = true}) == MsgAnswer::yes;
+}
+
 void Desktop::critical(const std::string& text, const std::string& title)
 {
     messageBox({.title = title, .text = text, .icon = MsgIcon::critical});

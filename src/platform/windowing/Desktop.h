@@ -20,9 +20,10 @@ struct MessageBox {
     std::string title;
     std::string text;
     MsgIcon icon = MsgIcon::information;
-    MsgButtons buttons = MsgButtons::ok;  // the first is the default
-    bool fault = false;                   // the platform's report of a failure that no routine caught
-    std::uint32_t number = 0;             // of that failure
+    MsgButtons buttons = MsgButtons::ok;
+    bool lastIsDefault = false;  // else the first one is: where the answer would throw something away
+    bool fault = false;          // the platform's report of a failure that no routine caught
+    std::uint32_t number = 0;    // of that failure
 };
 
 struct FileDialog {
@@ -50,8 +51,10 @@ public:
 
     // --- boxes
     MsgAnswer messageBox(const MessageBox& box);
-    void inform(const std::string& text, const std::string& title);    // information icon, OK
-    bool ask(const std::string& text, const std::string& title);       // question icon, Yes and No; true for Yes
+    void inform(const std::string& text, const std::string& title);  // information icon, OK
+    bool ask(const std::string& text, const std::string& title);     // question icon, Yes and No; true for Yes
+    // The same with No the default: a Yes throws typed work or records away, or overrules a warning.
+    bool askBeforeLosing(const std::string& text, const std::string& title);
     void critical(const std::string& text, const std::string& title);  // critical icon, OK
     // The platform's report: number and description under "Errore - Bravona".
     void report(const Errore& error);

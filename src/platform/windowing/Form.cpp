@@ -105,6 +105,20 @@ Control* Form::find(std::string_view fullName) const
     return nullptr;
 }
 
+std::string Form::fieldContents(std::initializer_list<const Control*> except) const
+{
+    constexpr std::array fields{ControlKind::textBox,  ControlKind::checkBox, ControlKind::optionButton,
+                                ControlKind::comboBox, ControlKind::listBox,  ControlKind::datePicker};
+    std::string contents;
+    for (const Entry& entry : controls_) {
+        if (std::ranges::find(fields, entry.control->kind()) != fields.end() &&
+            std::ranges::find(except, entry.control) == except.end()) {
+            contents.append(entry.control->shownText()).append(1, '\0');
+        }
+    }
+    return contents;
+}
+
 void Form::setLayout(Layout layout)
 {
     layout_ = std::move(layout);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -82,6 +83,10 @@ public:
     virtual void onActivate() {}                                       // each time it comes to the front
     virtual bool onQueryUnload(CloseCause /*cause*/) { return true; }  // false refuses to close
     virtual void onUnload() {}
+    // Escape would throw typed work away: it then asks before it presses the cancel button, under the screen's subject.
+    // The button itself, pressed on purpose, does not ask.
+    [[nodiscard]] virtual bool hasUnsavedWork() const { return false; }
+    [[nodiscard]] virtual std::string subject() const { return "Bravona"; }
     virtual void onKeyDown(KeyEvent& /*event*/) {}  // before the control's
     virtual void onKeyPress(char32_t& /*character*/) {}
     virtual void onDblClick() {}  // on its empty area
@@ -109,6 +114,8 @@ protected:
         for (const ControlGroup::Part& part : group.parts())
             add(part.name, *part.control, part.index);
     }
+    // What stands in the fields, those `except` aside: differs from what it was once somebody typed or chose.
+    [[nodiscard]] std::string fieldContents(std::initializer_list<const Control*> except = {}) const;
     // Once, at the end of the constructor, after all controls were added.
     void setLayout(Layout layout);
 

@@ -104,7 +104,11 @@ bool Interaction::windowKey(Form& form, Control* focused, const KeyEvent& event)
         if (target == nullptr || !target->effectivelyEnabled() || !target->effectivelyVisible()) {
             return false;
         }
-        leaveField(form, [&] { act(*target); });
+        leaveField(form, [&] {
+            if (!form.hasUnsavedWork() || desktop_.askBeforeLosing("Abbandonare i dati inseriti?", form.subject())) {
+                act(*target);
+            }
+        });
         return true;
     }
     case Key::f10:

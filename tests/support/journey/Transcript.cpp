@@ -12,7 +12,7 @@ MsgAnswer Transcript::answer(const MessageBox& box)
     } else if (box.buttons == MsgButtons::yesNo) {
         offered = {MsgAnswer::yes, MsgAnswer::no};
     }
-    MsgAnswer given = offered.front();
+    MsgAnswer given = box.lastIsDefault ? offered.back() : offered.front();
     if (!answers.empty()) {
         const MsgAnswer wanted = answers.front();
         if (std::find(offered.begin(), offered.end(), wanted) != offered.end()) {
