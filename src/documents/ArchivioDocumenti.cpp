@@ -154,6 +154,13 @@ std::optional<TestataDocumento> leggiTestata(Connection& cn, const TabelleDocume
     return record.eof() ? std::nullopt : std::optional(leggiTestata(record, tabelle));
 }
 
+std::optional<TestataDocumento> leggiTestata(Connection& cn, const TabelleDocumento& tabelle, std::int32_t idDocumento)
+{
+    Recordset record =
+        cn.open("SELECT * FROM " + tabelle.testata + " WHERE " + tabelle.chiave + "=" + std::to_string(idDocumento));
+    return record.eof() ? std::nullopt : std::optional(leggiTestata(record, tabelle));
+}
+
 std::vector<RigaDocumento> leggiRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t idDocumento)
 {
     Recordset record = cn.open("SELECT * FROM " + tabelle.dettagli + " WHERE " + tabelle.chiave + "=" +

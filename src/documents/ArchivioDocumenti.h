@@ -17,6 +17,9 @@ namespace bravona {
 [[nodiscard]] std::optional<TestataDocumento> leggiTestata(Connection& cn, const TabelleDocumento& tabelle,
                                                            std::int32_t numero, std::int32_t anno,
                                                            std::int32_t registro);
+// By its key.
+[[nodiscard]] std::optional<TestataDocumento> leggiTestata(Connection& cn, const TabelleDocumento& tabelle,
+                                                           std::int32_t idDocumento);
 // Of the current record of a set over all columns of a header table.
 [[nodiscard]] TestataDocumento leggiTestata(Recordset& record, const TabelleDocumento& tabelle);
 [[nodiscard]] std::vector<RigaDocumento> leggiRighe(Connection& cn, const TabelleDocumento& tabelle,

@@ -33,6 +33,7 @@ BloccoCliente::BloccoCliente(Sessione& sessione, std::string titolo, std::string
     add("txtListinoAssociato", txtListinoAssociato);
     add("cmdDestinazioneMerce", cmdDestinazioneMerce);
     add("cmdClear", cmdClear);
+    add("lblPagamento", lblPagamento);
 
     for (std::size_t i = secondaRiga; i < txtCliente.size(); ++i)
         txtCliente[i].setLocked(true);
@@ -49,15 +50,25 @@ BloccoCliente::BloccoCliente(Sessione& sessione, std::string titolo, std::string
 
     for (TextBox& campo : txtCliente) {
         campo.onKeyDown = [this](KeyEvent& evento) {
-            if (evento.key != Key::f3)
-                return;
-            evento.drop();
-            std::int32_t id = 0;
-            ImpostaCliente(false, id);
+            if (evento.key == Key::f3)
+                cerca(evento);
         };
     }
+    // A name just typed, Enter looks up; under the customer's own it does what it does elsewhere.
+    txtCliente[nome].onKeyDown = [this](KeyEvent& evento) {
+        const std::string& testo = txtCliente[nome].text();
+        if (evento.key == Key::f3 || (evento.key == Key::enter && !(IDCliente > 0 && testo == nomeCliente_)))
+            cerca(evento);
+    };
     cmdDestinazioneMerce.onClick = [this] { scegliDestinazione(); };
     cmdClear.onClick = [this] { impostaDestinazione(0, "IDEM"); };
+}
+
+void BloccoCliente::cerca(KeyEvent& evento)
+{
+    evento.drop();
+    std::int32_t id = 0;
+    ImpostaCliente(false, id);
 }
 
 void BloccoCliente::scegliDestinazione()
@@ -85,7 +96,8 @@ Layout BloccoCliente::layout()
               line("Partita IVA",
                    row({of(txtCliente[partitaIva]), form({line("Codice Fiscale", of(txtCliente[codiceFiscale]))})})),
               line("Sconti %", row({of(txtScontoAssociato[0]), of(txtScontoAssociato[1]), of(txtScontoAssociato[2]),
-                                    form({line("Listino", of(txtListinoAssociato))})}))}));
+                                    form({line("Listino", of(txtListinoAssociato))}),
+                                    form({line("Pagamento", of(lblPagamento))}), stretch()}))}));
 }
 
 void BloccoCliente::impostaDestinazione(std::int32_t id, const std::string& nomeDestinazione)
@@ -94,10 +106,26 @@ void BloccoCliente::impostaDestinazione(std::int32_t id, const std::string& nome
     IDDestinazione = id;
 }
 
-void BloccoCliente::mostraNome()
+void BloccoCliente::impostaPagamento(std::int32_t id, const std::string& descrizione)
 {
-    if (IDCliente > 0)
-        txtCliente[nome].setText(nomeCliente_);
+    ModalitaPagamento1 = descrizione;
+    ModalitaPagamentoCod1 = id;
+    mostraPagamento();
+}
+
+void BloccoCliente::mostraPagamento()
+{
+    lblPagamento.setCaption(ModalitaPagamento1.empty() && IDCliente > 0 ? "(nessuna modalità)" : ModalitaPagamento1);
+}
+
+bool BloccoCliente::nomeConfermato()
+{
+    if (IDCliente <= 0 || txtCliente[nome].text() == nomeCliente_)
+        return true;
+    txtCliente[nome].setFocus();
+    sessione_.desktop().inform("Il nome indicato non è quello del cliente scelto: premere F3 per cercarlo.", titolo_);
+    txtCliente[nome].setFocus();
+    return false;
 }
 
 void BloccoCliente::mostraCondizioni(const CondizioniCliente& condizioni)
@@ -107,14 +135,22 @@ void BloccoCliente::mostraCondizioni(const CondizioniCliente& condizioni)
     txtListinoAssociato.setText(std::to_string(condizioni.listino));
 }
 
-void BloccoCliente::nessunCliente()
+void BloccoCliente::nessunRecord()
 {
     sessione_.desktop().inform("Nessun record trovato!", "Ricerca...");
-    for (std::size_t i = nome; i <= destinazione; ++i)
-        txtCliente[i].setText({});
-    IDDestinazione = 0;
+    nessunCliente();
     txtCliente[nome].setFocus();
+}
+
+void BloccoCliente::nessunCliente()
+{
+    for (TextBox& campo : txtCliente)
+        campo.setText({});
+    IDDestinazione = 0;
     IDCliente = 0;
+    ModalitaPagamento1.clear();
+    ModalitaPagamentoCod1 = 0;
+    mostraPagamento();
     mostraCondizioni({});
     if (clienteScelto)
         clienteScelto({});
@@ -125,15 +161,24 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
     if (id <= 0) {
         id = RicercaClientiFornitori(sessione_, tabellaClienti, txtCliente[nome].text(), perNome);
         if (id == ricerca::nessunRecord) {
-            nessunCliente();
+            nessunRecord();
             return;
         }
         if (id == ricerca::annullata)
             return;
     }
     clsCliente cliente(sessione_);
-    if (!cliente.RichiamaCliente(id))
-        return;
+    std::string pagamento;
+    try {
+        if (!cliente.RichiamaCliente(id)) {
+            nessunCliente();
+            return;
+        }
+        pagamento = DescrizioneModalitaPagamento(sessione_, cliente.IDpagamento);
+    } catch (const Errore&) {
+        nessunCliente();  // half of a customer would be a wrong one
+        throw;
+    }
     IDCliente = cliente.IDCliente;
     nomeCliente_ = cliente.Cliente;
     txtCliente[nome].setText(nomeCliente_);
@@ -144,8 +189,7 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
                               (cliente.Provincia.empty() ? std::string() : " (" + cliente.Provincia + ")"));
     txtCliente[partitaIva].setText(cliente.PartitaIva);
     txtCliente[codiceFiscale].setText(cliente.CodiceFiscale);
-    ModalitaPagamento1 = DescrizioneModalitaPagamento(sessione_, cliente.IDpagamento);
-    ModalitaPagamentoCod1 = cliente.IDpagamento;
+    impostaPagamento(cliente.IDpagamento, pagamento);
     if (soloTestata)
         return;
 

@@ -8,6 +8,8 @@
 #include "documents/CampiRiga.h"
 #include "platform/windowing/ControlGroup.h"
 #include "platform/windowing/Fields.h"
+#include "platform/windowing/Layout.h"
+#include "platform/windowing/Parts.h"
 #include "session/Sessione.h"
 
 namespace bravona {
@@ -33,25 +35,31 @@ public:
     TextBox txtListinoAssociato{4};
     Button cmdDestinazioneMerce{"..."};
     Button cmdClear{"X"};
+    Label lblPagamento;  // how he pays
 
     std::int32_t IDCliente = 0;              // 0: none
     std::int32_t IDDestinazione = 0;         // 0: his own address
     std::string ModalitaPagamento1;          // name of the payment method
     std::int32_t ModalitaPagamentoCod1 = 0;  // its key, 0: none
 
-    // A customer was chosen by the person, or none was found (then all is empty).
+    // A customer was chosen by the person, or there is none (then all is empty).
     std::function<void(const ClienteDelDocumento&)> clienteScelto;
 
-    // Loads a customer, found by the typed name unless a key above 0 is given. With `soloTestata` only who and where he
-    // is and how he pays. The key found is handed back.
+    // Loads a customer, found by the typed name unless a key above 0 is given. One that cannot be read, or whose
+    // payment method cannot, is none. With `soloTestata` only who and where he is and how he pays. The key found is
+    // handed back.
     void ImpostaCliente(bool soloTestata, std::int32_t& id);
+    void impostaPagamento(std::int32_t id, const std::string& descrizione);
     void impostaDestinazione(std::int32_t id, const std::string& nome);
-    // What was typed but not searched gives way to the name of the document's customer.
-    void mostraNome();
+    // False, after having told it and put the focus there: another name stands over the customer's, not searched for.
+    [[nodiscard]] bool nomeConfermato();
     [[nodiscard]] Layout layout();
 
 private:
     void nessunCliente();
+    void nessunRecord();
+    void cerca(KeyEvent& evento);
+    void mostraPagamento();
     void scegliDestinazione();
     void mostraCondizioni(const CondizioniCliente& condizioni);
     Sessione& sessione_;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/windowing/ControlGroup.h"
@@ -28,6 +29,7 @@ public:
     DatePicker dtpDataDocumento;
     TextBox txtEsenzioneIVA{40};
     Label lblEsenteIva;
+    Label lblAvvisoData;  // what is odd about the date
     Frame fraCausale{"Causale DDT"};
     std::array<OptionButton, 5> optTipoBolla{OptionButton{"Vendita"}, OptionButton{"Reso"}, OptionButton{"Campione"},
                                              OptionButton{"Visione"}, OptionButton{"Altro"}};
@@ -39,6 +41,8 @@ public:
     void mostraCausale(const CausaleTrasporto& causale);
     [[nodiscard]] bool causaleMancante() const;  // "Altro" without a wording
 
+    // Between 1 and 999,999,999; none for anything else.
+    [[nodiscard]] std::optional<std::int32_t> numero() const;
     [[nodiscard]] std::int32_t registro() const { return cmbRegistro.itemData(); }
     [[nodiscard]] Layout layout();
 };

@@ -327,6 +327,12 @@ RigaDocumento CampiRiga::leggi() const
     return riga;
 }
 
+bool CampiRiga::rigaScritta() const
+{
+    return !(trim(txtCodiceArticolo.text()).empty() && trim(txtDescrizione.text()).empty()) &&
+           !trim(txtQuantita.text()).empty();
+}
+
 RigaDocumento CampiRiga::leggiCommento() const
 {
     return rigaCommento(upper(txtCodiceArticolo.text()), txtDescrizione.text());

@@ -61,6 +61,8 @@ public:
     // The row in the fields; none where something is missing or too big for money: told, and it has the focus.
     [[nodiscard]] std::optional<RigaDocumento> rigaControllata();
     [[nodiscard]] RigaDocumento leggiCommento() const;
+    // An article or a description, and a quantity, stand in the fields.
+    [[nodiscard]] bool rigaScritta() const;
     // A row into the fields, to be changed. `soloImporti`: code and description stay as they are.
     void mostra(const RigaDocumento& riga, bool soloImporti);
     void sblocca();  // code and description can be typed again

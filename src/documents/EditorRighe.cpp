@@ -94,6 +94,23 @@ void EditorRighe::abilita(bool abilitato)
     totali.fraTotali.setEnabled(abilitato);
 }
 
+bool EditorRighe::conArticoli() const
+{
+    return std::ranges::any_of(righe(), &RigaDocumento::conImporto);
+}
+
+bool EditorRighe::righeConcluse()
+{
+    if (!inModifica() && !campi.rigaScritta())
+        return true;
+    campi.txtCodiceArticolo.setFocus();
+    if (!sessione_.desktop().askBeforeLosing("C'è una riga non ancora aggiunta. Proseguire senza?", regole_.titolo))
+        return false;
+    if (inModifica())
+        AnnullaDettaglio();
+    return true;
+}
+
 void EditorRighe::AggiornaTotali()
 {
     totali.aggiorna(righe());
@@ -255,7 +272,7 @@ void EditorRighe::EliminaDettaglio()
 {
     try {
         const std::size_t posizione = griglia.lvwDettagli.selectedOrFail();
-        if (!sessione_.desktop().ask("Vuoi eliminare la riga selezionata?", regole_.titolo))
+        if (!sessione_.desktop().askBeforeLosing("Vuoi eliminare la riga selezionata?", regole_.titolo))
             return;
         const bool eraCommento = griglia.riga(posizione).commento();
         griglia.togli(posizione);

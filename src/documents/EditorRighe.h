@@ -47,6 +47,9 @@ public:
     // Rows with an amount at the last totals.
     [[nodiscard]] std::int16_t righeValide() const { return totali.calcoli().NumeroRigheValide(); }
     [[nodiscard]] bool inModifica() const { return rigaInModifica_.has_value(); }
+    [[nodiscard]] bool conArticoli() const;  // not comments alone
+    // False: a row stands in the fields, not yet added or being changed, and the person does not go on without it.
+    [[nodiscard]] bool righeConcluse();
     // Called when the row-edit state begins or ends.
     std::function<void()> statoCambiato;
 

@@ -24,15 +24,35 @@ SchermataDocumento::SchermataDocumento(Sessione& sessione, const Nomi& nomi, Reg
         desktop().inform("Valore non valido!", titolo_);
         intestazione.dtpDataDocumento.setFocus();
     };
-    cliente.clienteScelto = [this](const ClienteDelDocumento& scelto) {
-        righe.campi.setCondizioni(scelto.condizioni);
-        intestazione.txtEsenzioneIVA.setText(scelto.esenzione);
-        intestazione.lblEsenteIva.setCaption(scelto.condizioni.esente ? "ESENTE I.V.A." : "");
-        if (scelto.conNote)
-            trasporto.txtNoteGeneriche.setText(scelto.note);
-    };
+    intestazione.dtpDataDocumento.onChange = [this] { avvisaData(); };
+    cliente.clienteScelto = [this](const ClienteDelDocumento& scelto) { clienteCambiato(scelto); };
     righe.statoCambiato = [this] { pulsantiPredefiniti(); };
     schede.onChange = [this](int) { cambiaScheda(); };
+}
+
+void SchermataDocumento::clienteCambiato(const ClienteDelDocumento& scelto)
+{
+    const bool esente = scelto.condizioni.esente;
+    righe.campi.setCondizioni(scelto.condizioni);
+    intestazione.txtEsenzioneIVA.setText(scelto.esenzione);
+    intestazione.lblEsenteIva.setCaption(esente ? "ESENTE I.V.A." : "");
+    if (scelto.conNote)
+        trasporto.txtNoteGeneriche.setText(scelto.note);
+    if (cliente.IDCliente > 0 && esente != esenteDelleRighe_) {
+        if (righe.conArticoli()) {
+            desktop().inform("Le righe già inserite conservano l'IVA del cliente precedente: verificarle.", titolo_);
+        }
+        esenteDelleRighe_ = esente;
+    }
+}
+
+// The year of a document is that of the session, whatever its date.
+void SchermataDocumento::avvisaData()
+{
+    const int anno = intestazione.dtpDataDocumento.date().year();
+    intestazione.lblAvvisoData.setCaption(std::to_string(anno) == sessione_.AnnoRiferimento
+                                              ? std::string()
+                                              : "Data fuori dall'anno aperto (" + sessione_.AnnoRiferimento + ")");
 }
 
 void SchermataDocumento::setPagine(std::vector<PaginaDocumento> pagine, int paginaRighe)
@@ -85,15 +105,12 @@ void SchermataDocumento::disabilitaTutto()
 
 void SchermataDocumento::cambiaScheda()
 {
-    cliente.mostraNome();
     AbilitaSchede();
     pulsantiPredefiniti();
 }
 
 void SchermataDocumento::pulsantiPredefiniti()
 {
-    if (modificabile())
-        cmdDocumento[comandoPrincipale].setEnabled(!righe.inModifica());  // or the change under way would be lost
     Button* predefinito = nullptr;
     Button* abbandono = &cmdDocumento[comandoChiudi];
     if (modificabile() && schede.tab() == paginaRighe_) {
@@ -120,6 +137,11 @@ TestataDocumento SchermataDocumento::testataDaiCampi() const
     testata.NoteGeneriche = trasporto.txtNoteGeneriche.text();
     testata.NoteEsenzioneIVA = intestazione.txtEsenzioneIVA.text();
     return testata;
+}
+
+bool SchermataDocumento::nienteInSospeso()
+{
+    return cliente.nomeConfermato() && righe.righeConcluse();
 }
 
 bool SchermataDocumento::inUnaTransazione(const std::function<void()>& scritture, const char* routine,

@@ -83,14 +83,21 @@ protected:
     // that is no number.
     [[nodiscard]] TestataDocumento testataDaiCampi() const;
 
+    // Nothing typed would be lost by writing the document: neither another customer's name nor a row. False: told or
+    // asked, and the focus is there.
+    [[nodiscard]] bool nienteInSospeso();
+
     // The writes of one command, all or nothing. False when they failed: told, with that routine and module.
     bool inUnaTransazione(const std::function<void()>& scritture, const char* routine, const char* modulo);
 
 private:
+    void clienteCambiato(const ClienteDelDocumento& scelto);
+    void avvisaData();
     Sessione& sessione_;
     std::string titolo_;
     std::vector<PaginaDocumento> pagine_;
     int paginaRighe_ = 0;
+    bool esenteDelleRighe_ = false;  // whether the customer of the rows entered so far pays no VAT
     ModoDocumento modo_ = ModoDocumento::composizione;
 };
 

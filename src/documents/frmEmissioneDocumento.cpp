@@ -48,6 +48,7 @@ frmEmissioneDocumento::frmEmissioneDocumento(Sessione& sessione)
                {[this](bool si) { trasporto.abilita(si); }, &trasporto.cmbSpedizione},
                {}},
               schedaCorpo);
+    scadenze.setTitolo(titoloMessaggi());
     scadenze.setBase([this] {
         return BasePiano{cliente.ModalitaPagamentoCod1, intestazione.dtpDataDocumento.date(), intestazione.registro(),
                          righe.totali.totaleDocumento()};
@@ -105,7 +106,7 @@ bool frmEmissioneDocumento::onQueryUnload(CloseCause)
 {
     if (registrato())
         return true;
-    return desktop().ask("Vuoi annullare la compilazione del documento ?", titoloMessaggi());
+    return desktop().askBeforeLosing("Vuoi annullare la compilazione del documento ?", titoloMessaggi());
 }
 
 void frmEmissioneDocumento::onUnload()

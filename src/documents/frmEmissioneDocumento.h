@@ -26,14 +26,18 @@ private:
     void proponiNumero();
     void RegistraDocumento();
     [[nodiscard]] bool ControllaDatiDocumento();
-    [[nodiscard]] bool NumeroDisponibile(std::int32_t& numero);
+    [[nodiscard]] bool numeroOccupato(std::int32_t numero);
+    [[nodiscard]] bool chiediProgressivo();
+    [[nodiscard]] bool scriviDocumento(std::int32_t numero, bool progressivo);
     [[nodiscard]] TestataDocumento testata(std::int32_t numero) const;
+    [[nodiscard]] std::string nomeDocumento() const;  // title and number
     void documentoRegistrato();
     void StampaDocumento();
     [[nodiscard]] bool registrato() const { return modo() == ModoDocumento::registrato; }
 
     TabelleDocumento tabelle_;
     std::int32_t numeroRegistrato_ = 0;
+    std::int32_t idRegistrato_ = 0;
 };
 
 }  // namespace bravona

@@ -2,13 +2,19 @@
 #include "documents/frmEmissioneDocumento.h"
 #include "documents/modScarico.h"
 #include "platform/text/Text.h"
-#include "platform/values/Numeri.h"
 #include "platform/windowing/Desktop.h"
 #include "session/modMain.h"
 
 namespace bravona {
 
 // Registration: from the composed document to the archive's records.
+
+namespace {
+
+// Between the question for it and the transaction.
+struct NumeroPreso {};
+
+}  // namespace
 
 bool frmEmissioneDocumento::ControllaDatiDocumento()
 {
@@ -24,29 +30,21 @@ bool frmEmissioneDocumento::ControllaDatiDocumento()
     return mancanza == nullptr;
 }
 
-bool frmEmissioneDocumento::NumeroDisponibile(std::int32_t& numero)
+bool frmEmissioneDocumento::numeroOccupato(std::int32_t numero)
 {
-    try {
-        numero = toInt32(intestazione.txtNumeroDocumento.text());
-    } catch (const Errore&) {
-        desktop().inform("Valore non valido!", titoloMessaggi());
-        intestazione.txtNumeroDocumento.setFocus();
-        return false;
-    }
     const Recordset uguali = sessione().cn.open("SELECT NumeroDocumento, AnnoDocumento FROM " + tabelle_.testata +
                                                 " WHERE NumeroDocumento =" + std::to_string(numero) +
                                                 " AND AnnoDocumento=" + sessione().AnnoRiferimento +
                                                 " AND NumeroRegistro=" + std::to_string(intestazione.registro()));
-    if (uguali.recordCount() == 0)
-        return true;
-    if (!desktop().ask("Attenzione! Il numero di documento indicato e' gia' stato utilizzato!\n"
-                       "Per registrare il documento corrente verra' utilizzato il numero progressivo di registro.\n"
-                       "Continuare con la registrazione?",
-                       "Registrazione documento")) {
-        return false;
-    }
-    numero = ProssimoNumero(sessione(), tabelle_.testata, intestazione.registro());
-    return true;
+    return uguali.recordCount() != 0;
+}
+
+bool frmEmissioneDocumento::chiediProgressivo()
+{
+    return desktop().ask("Attenzione! Il numero di documento indicato e' gia' stato utilizzato!\n"
+                         "Per registrare il documento corrente verra' utilizzato il numero progressivo di registro.\n"
+                         "Continuare con la registrazione?",
+                         "Registrazione documento");
 }
 
 TestataDocumento frmEmissioneDocumento::testata(std::int32_t numero) const
@@ -68,31 +66,72 @@ TestataDocumento frmEmissioneDocumento::testata(std::int32_t numero) const
     return testata;
 }
 
-void frmEmissioneDocumento::RegistraDocumento()
+// False when it failed: told. NumeroPreso when another program has taken the number meanwhile; nothing is written then.
+bool frmEmissioneDocumento::scriviDocumento(std::int32_t numero, bool progressivo)
 {
-    cliente.mostraNome();
-    sessione().TabellaIva->Refresh();
-    righe.AggiornaTotali();
-    if (!ControllaDatiDocumento() || !righe.totali.CodiciIvaPresenti(titoloMessaggi()))
-        return;
-    std::int32_t numero = 0;
-    if (!NumeroDisponibile(numero))
-        return;
-
     Connection& cn = sessione().cn;
     const auto scrivi = [&] {
-        const std::int32_t id = scriviTestata(cn, tabelle_, testata(numero));
-        scriviRighe(cn, tabelle_, id, righe.righeDaRegistrare());
+        numeroRegistrato_ =
+            progressivo ? ProssimoNumero(sessione(), tabelle_.testata, intestazione.registro()) : numero;
+        if (!progressivo && numeroOccupato(numero))
+            throw NumeroPreso();
+        idRegistrato_ = scriviTestata(cn, tabelle_, testata(numeroRegistrato_));
+        scriviRighe(cn, tabelle_, idRegistrato_, righe.righeDaRegistrare());
         scadenze.GeneraScadenze();
         desktop().processEvents();
         if (conScadenze(TipoDocumento))
-            scriviRate(cn, id, intestazione.registro(), scadenze.rate());
+            scriviRate(cn, idRegistrato_, intestazione.registro(), scadenze.rate());
+        annotaScarico(cn, {TipoDocumento, idRegistrato_});
     };
-    if (!inUnaTransazione(scrivi, "Routine: RegistraDocumento", "Modulo: frmEmissioneDocumento"))
+    return inUnaTransazione(scrivi, "Routine: RegistraDocumento", "Modulo: frmEmissioneDocumento");
+}
+
+void frmEmissioneDocumento::RegistraDocumento()
+{
+    sessione().TabellaIva->Refresh();
+    righe.AggiornaTotali();
+    if (!cliente.nomeConfermato() || !ControllaDatiDocumento() || !righe.totali.CodiciIvaPresenti(titoloMessaggi()) ||
+        !nienteInSospeso()) {
         return;
-    numeroRegistrato_ = numero;
+    }
+    const std::optional<std::int32_t> numero = intestazione.numero();
+    if (!numero) {
+        intestazione.txtNumeroDocumento.setFocus();
+        Annuncia(sessione(), "Numero del documento: da 1 a 999.999.999");
+        desktop().inform("Valore non valido!", titoloMessaggi());
+        intestazione.txtNumeroDocumento.setFocus();
+        return;
+    }
+    bool progressivo = false;
+    if (numeroOccupato(*numero)) {
+        if (!chiediProgressivo())
+            return;
+        progressivo = true;
+    }
+    try {
+        if (!scriviDocumento(*numero, progressivo))
+            return;
+    } catch (const NumeroPreso&) {
+        if (!chiediProgressivo() || !scriviDocumento(*numero, true))
+            return;
+    }
+    std::optional<Errore> mancato;
+    try {
+        ScaricaArticoli(sessione().cn, {TipoDocumento, idRegistrato_}, righe.righe(),
+                        intestazione.dtpDataDocumento.date());
+    } catch (const Errore& errore) {
+        mancato = errore;
+    }
     documentoRegistrato();
-    ScaricaArticoli(cn, righe.righe(), intestazione.dtpDataDocumento.date());
+    if (mancato) {
+        throw Errore(mancato->numero(), nomeDocumento() + ": la merce non è stata scaricata dal magazzino (" +
+                                            mancato->descrizione() + ")");
+    }
+}
+
+std::string frmEmissioneDocumento::nomeDocumento() const
+{
+    return tabelle_.titolo + " N. " + std::to_string(numeroRegistrato_);
 }
 
 void frmEmissioneDocumento::documentoRegistrato()
@@ -104,7 +143,7 @@ void frmEmissioneDocumento::documentoRegistrato()
     trasporto.abilita(false);
     const std::string numero = std::to_string(numeroRegistrato_);
     desktop().inform("Il documento corrente è stato registrato con il numero " + numero, titoloMessaggi());
-    setCaption(tabelle_.titolo + " N. " + numero);
+    setCaption(nomeDocumento());
     cmdDocumento[comandoStampa].setEnabled(true);
     cmdDocumento[comandoPrincipale].setEnabled(false);
     cmdDocumento[comandoChiudi].setCaption("&Chiudi");

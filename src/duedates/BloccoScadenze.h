@@ -27,11 +27,16 @@ public:
 
     GrigliaScadenze Griglia;
     Button cmdRicalcola{"&Ricalcola Scadenze"};
+    Label lblSommaRate;       // of the instalments
+    Label lblDifferenzaRate;  // from the document's total, where there is one
 
+    // `titolo`: of its box.
+    void setTitolo(std::string titolo) { titolo_ = std::move(titolo); }
     void setBase(std::function<BasePiano()> base) { base_ = std::move(base); }
     // Headings only.
     void svuota();
-    // The plan of the document as it stands; one changed by hand stays.
+    // The plan of the document as it stands; one changed by hand stays. A line that comes out with the date and the
+    // amount of an old one keeps its paid mark.
     void GeneraScadenze();
     void mostra(std::span<const Rata> rate);
     // What the grid shows. Errore 13 for a date or an amount that is none.
@@ -40,7 +45,12 @@ public:
     [[nodiscard]] Layout layout();
 
 private:
+    void ricalcola();
+    void mostraSomma();
+    [[nodiscard]] std::vector<Rata> rateLeggibili() const;
+    [[nodiscard]] std::vector<Rata> piano() const;
     Sessione& sessione_;
+    std::string titolo_ = "Scadenzario";
     std::function<BasePiano()> base_;
 };
 

@@ -104,6 +104,8 @@ void GrigliaScadenze::CalcolaSaldo(int riga)
     const Currency dare = importo(colonnaDare);
     const Currency avere = importo(colonnaAvere);
     Griglia.setText(riga, colonnaSaldo, FormattaImporto(avere - dare));
+    if (importiCambiati)
+        importiCambiati();
 }
 
 Value GrigliaScadenze::TextMatrix(int riga, int colonna) const
@@ -136,6 +138,8 @@ void GrigliaScadenze::setRows(int righe)
             Griglia.setPicture(riga, colonnaPagata, FlexGrid::Picture::unpaid);
         }
     }
+    if (importiCambiati)
+        importiCambiati();
 }
 
 void GrigliaScadenze::setCols(int colonne)
@@ -418,6 +422,7 @@ void GrigliaScadenze::elimina()
     domanda.text = "Elimino la scadenza del " + Griglia.text(riga, colonnaScadenza) + " ?";
     domanda.icon = MsgIcon::question;
     domanda.buttons = MsgButtons::okCancel;
+    domanda.lastIsDefault = true;
     if (form()->desktop().messageBox(domanda) != MsgAnswer::ok) {
         Griglia.setFocus();
         return;
@@ -433,6 +438,8 @@ void GrigliaScadenze::elimina()
         Griglia.removeRow(riga);
     }
     Modificato = true;
+    if (importiCambiati)
+        importiCambiati();
 }
 
 }  // namespace bravona

@@ -48,6 +48,8 @@ public:
 
     std::function<void(int riga, int colonna)> CambioCella;
     std::function<void(std::int32_t id)> RigaEliminata;
+    // Lines or their amounts changed, whoever changed them.
+    std::function<void()> importiCambiati;
 
     // "Avere" less "Dare" of that line, both rewritten as amount text where they are numbers.
     void CalcolaSaldo(int riga);

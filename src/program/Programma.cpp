@@ -4,6 +4,7 @@
 #include "documents/frmEmissioneDocumento.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
+#include "documents/modScarico.h"
 #include "maintenance/FRMRipristino.h"
 #include "maintenance/FRM_Backup.h"
 #include "maintenance/frmBackup.h"
@@ -129,7 +130,21 @@ void Programma::sequenzaDiAvvio()
     sessione_.AnnoRiferimento = annoImpostato(sessione_.settings());
     MostraAnnoRiferimento(sessione_);
     sessione_.TabellaIva = std::make_unique<clsTabellaCodiciIVA>(sessione_);
+    scarichiDovuti();
     sessione_.schermate().get("frmMain").show();
+}
+
+// A program that ended between a document and its stock left the latter to do.
+void Programma::scarichiDovuti()
+{
+    const EsitoScarichi esito = riprendiScarichi(sessione_.cn);
+    if (!esito.mancati.empty()) {
+        const std::size_t altri = esito.mancati.size() - 1;
+        Annuncia(sessione_, "Merce non scaricata dal magazzino: " + esito.mancati.back() +
+                                (altri == 0 ? std::string() : ", e altri " + std::to_string(altri)));
+    } else if (!esito.fatti.empty()) {
+        Annuncia(sessione_, "Magazzino aggiornato: " + esito.fatti.back());
+    }
 }
 
 }  // namespace bravona

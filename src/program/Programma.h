@@ -19,6 +19,7 @@ public:
 private:
     void registraSchermate();
     void sequenzaDiAvvio();
+    void scarichiDovuti();
     Sessione sessione_;
 };
 

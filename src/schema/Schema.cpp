@@ -25,9 +25,9 @@ std::string dichiarazione(const Colonna& colonna)
     }
 }
 
-std::string creaTabella(const Tabella& tabella)
+std::string creaTabella(const Tabella& tabella, const char* comando = "CREATE TABLE ")
 {
-    std::string sql = "CREATE TABLE " + engineName(tabella.nome) + " (";
+    std::string sql = comando + engineName(tabella.nome) + " (";
     for (const Colonna& colonna : tabella.colonne) {
         sql += (sql.back() == '(' ? "" : ", ") + dichiarazione(colonna);
     }
@@ -72,6 +72,14 @@ void creaSchema(Connection& cn)
             // The first failure is the one to tell.
         }
         throw;
+    }
+}
+
+void completaSchema(Connection& cn)
+{
+    for (const Tabella& tabella : tabelleArchivio()) {
+        if (tabella.nome == "ScarichiDovuti")
+            cn.executeNative(creaTabella(tabella, "CREATE TABLE IF NOT EXISTS "));
     }
 }
 

@@ -12,6 +12,9 @@ inline constexpr std::string_view passwordArchivio = "zelmar";
 // Makes the tables, indices and rules of the archive in an empty file, all or nothing.
 void creaSchema(Connection& cn);
 
+// Makes the tables that came to the structure after the archive was made, and that it lacks.
+void completaSchema(Connection& cn);
+
 // The rows without which the program does not start; nothing else.
 void semiMinimi(Connection& cn);
 

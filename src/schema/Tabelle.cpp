@@ -135,6 +135,12 @@ std::vector<Tabella> documenti()
                            {"avere", text},    {"Data_Pagamento", date}, {"Descrizione", text}};
     scadenzario.indici = {"IDDocumento"};
     tutte.push_back(scadenzario);
+
+    // Documents whose goods are still to be taken from the stock.
+    Tabella scarichi;
+    scarichi.nome = "ScarichiDovuti";
+    scarichi.colonne = {{"IDScarico", counter}, {"TipoDocumento", integer}, {"IDDocumento", longInt}};
+    tutte.push_back(scarichi);
     return tutte;
 }
 

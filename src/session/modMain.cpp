@@ -145,6 +145,7 @@ void ApriConnessione(Sessione& sessione, const std::string& percorso)
             versione.update();
         }
     }
+    completaSchema(sessione.cn);
     if (trim(sessione.settings().get("Impostazioni", "EuroFix")).empty()) {
         FirForOneEuro(sessione);
     }

@@ -48,6 +48,7 @@ protected:
         }
     }
 
+    static constexpr ScaricoDovuto nessunaNota{};
     ArchivioTemporaneo archivio;
 };
 
@@ -74,9 +75,9 @@ TEST_F(StockUnloading, ArticlesAgreeWithTheModelStepByStep)
             }
             const Date data = Date::parse(passo["date"].get<std::string>()).value();
             if (passo["error"].get<std::string>().empty())
-                ScaricaArticoli(archivio.cn, righe, data);
+                ScaricaArticoli(archivio.cn, nessunaNota, righe, data);
             else
-                EXPECT_THROW(ScaricaArticoli(archivio.cn, righe, data), Errore);
+                EXPECT_THROW(ScaricaArticoli(archivio.cn, nessunaNota, righe, data), Errore);
             EXPECT_FALSE(archivio.cn.inTransaction());
             confronta(passo["articles_after"]);
         }

@@ -89,8 +89,24 @@ void Control::setToolTip(std::string tip)
     notify(Aspect::toolTip);
 }
 
+// From the inside out: the page that holds it, and the page that holds that one.
+void Control::bringPagesForward() const
+{
+    if (container_ == nullptr)
+        return;
+    container_->bringPagesForward();
+    if (page_ < 0 || container_->kind_ != ControlKind::tabControl)
+        return;
+    auto* tabs = static_cast<TabControl*>(container_);
+    const TabControl::Page& page = tabs->pages()[static_cast<std::size_t>(page_)];
+    if (tabs->tab() != page_ && page.enabled && page.visible)
+        tabs->setTab(page_);
+}
+
 bool Control::setFocus()
 {
+    if (form_ != nullptr && form_->shown())
+        bringPagesForward();
     return form_ != nullptr && form_->desktop().focus(*this);
 }
 

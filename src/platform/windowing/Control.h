@@ -84,7 +84,8 @@ public:
     [[nodiscard]] const std::string& accessibleName() const { return accessibleName_; }
     void setAccessibleName(std::string name) { accessibleName_ = std::move(name); }
 
-    // Asks the host for the focus; false when the control cannot take it (hidden, disabled, on a page not shown).
+    // Asks the host for the focus, bringing forward the page it stands on; false when the control cannot take it
+    // (hidden, disabled, on a page that is none or cannot be chosen).
     bool setFocus();
     [[nodiscard]] bool hasFocus() const;
     // May take the focus by Tab and click.
@@ -111,6 +112,7 @@ public:
     void notify(Aspect aspect, std::size_t row = noRow);
 
 private:
+    void bringPagesForward() const;
     friend class Form;
     friend class FlexGrid;  // its editors stand in it
     ControlKind kind_;
