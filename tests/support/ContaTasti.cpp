@@ -9,7 +9,7 @@ namespace bravona {
 
 int contaTasti(const std::filesystem::path& journey)
 {
-    constexpr std::array<const char*, 5> senzaMani{"year ", "sql ", "start", "expect ", "#"};
+    constexpr std::array<const char*, 6> senzaMani{"firm ", "year ", "sql ", "start", "expect ", "#"};
     std::ifstream file(journey);
     std::string riga;
     int tasti = 0;

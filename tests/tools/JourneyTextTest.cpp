@@ -121,6 +121,37 @@ TEST(JourneyText, KnowsEveryStepInEachOfItsShapes)
     }
 }
 
+TEST(JourneyText, PutsTheStepsOfAFirmInTheirPlace)
+{
+    const Firms firms = [](const std::string& name) -> std::optional<std::string> {
+        if (name == "vite") {
+            return "# an article\nsql \"a\"\nsql \"b\"\n";
+        }
+        if (name == "negozio") {
+            return "year 2004\nfirm vite";
+        }
+        if (name == "circle" || name == "broken") {
+            return name == "circle" ? "firm circle" : "start\ndance";
+        }
+        return std::nullopt;
+    };
+    EXPECT_EQ(shown(parseJourney("start\nfirm negozio vite\nclose", firms)),
+              "1:(start)2:(year)(2004)2:(sql)<a>2:(sql)<b>2:(sql)<a>2:(sql)<b>3:(close)");
+    for (const auto& [line, reason] : std::vector<std::pair<const char*, const char*>>{
+             {"firm", "do not fit"},
+             {"firm nobody", "there is no firm \"nobody\""},
+             {"firm circle", "there is no firm \"circle\""},
+             {"firm broken", "firm broken, line 2: there is no step \"dance\""}}) {
+        try {
+            parseJourney(std::string("start\n") + line, firms);
+            ADD_FAILURE() << line << " passes for a step";
+        } catch (const NoSuchStep& error) {
+            EXPECT_EQ(error.line, 2) << line;
+            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos) << error.what();
+        }
+    }
+}
+
 TEST(JourneyText, TellsTheLineOfWhatIsNoStep)
 {
     for (const char* line : {"dance",

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,7 +12,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace bravona;
 
 constexpr int allPassed = 0;
@@ -27,17 +24,6 @@ std::unique_ptr<JourneyHost> makeHost(const Arguments& arguments, int& argc, cha
         return makeQtHost(argc, argv, arguments.dark);
     }
     return std::make_unique<ProvaHost>();
-}
-
-bool readText(const fs::path& path, std::string& text)
-{
-    if (path == "-") {
-        text.assign(std::istreambuf_iterator<char>(std::cin), {});
-        return true;
-    }
-    std::ifstream file(path, std::ios::binary);
-    text.assign(std::istreambuf_iterator<char>(file), {});
-    return file.good() || file.eof();
 }
 
 }  // namespace
@@ -75,7 +61,7 @@ int main(int argc, char** argv)
             continue;
         }
         try {
-            const JourneyResult result = runner.run(file.name, parseJourney(text));
+            const JourneyResult result = runner.run(file.name, parseJourney(text, firmsFor(file.path)));
             if (result.passed) {
                 ++passed;
                 std::cout << "ok " << file.name << std::endl;

@@ -64,6 +64,7 @@ const std::multimap<std::string, std::string, std::less<>>& shapes()
         {"today", "d"},
         {"setting", "w w t"},
         {"year", "n"},
+        {"firm", "w *"},
         {"sql", "t"},
         {"copy", "t t"},
         {"write", "t t"},
@@ -226,6 +227,60 @@ void check(const Step& step)
     }
 }
 
+constexpr int deepestFirm = 8;  // firms may name firms, but not in a circle
+
+std::vector<Step> parseSteps(std::string_view text, const Firms& firms, int depth);
+
+// The steps of the firms that a step names, all with its line.
+void takeFirms(std::vector<Step>& steps, const Step& step, const Firms& firms, int depth)
+{
+    for (std::size_t at = 1; at < step.words.size(); ++at) {
+        const std::string& name = step.words[at].text;
+        const std::optional<std::string> text = firms && depth < deepestFirm ? firms(name) : std::nullopt;
+        if (!text) {
+            throw NoSuchStep(step.line, "there is no firm \"" + name + "\"");
+        }
+        try {
+            for (Step& inner : parseSteps(*text, firms, depth + 1)) {
+                inner.line = step.line;
+                steps.push_back(std::move(inner));
+            }
+        } catch (const NoSuchStep& error) {
+            throw NoSuchStep(step.line, "firm " + name + ", line " + std::to_string(error.line) + ": " + error.what());
+        }
+    }
+}
+
+std::vector<Step> parseSteps(std::string_view text, const Firms& firms, int depth)
+{
+    if (text.starts_with("\xEF\xBB\xBF")) {
+        text.remove_prefix(3);
+    }
+    std::vector<Step> steps;
+    int number = 0;
+    for (std::string line : split(text, '\n')) {
+        ++number;
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        const std::string bare = trim(line);
+        if (bare.empty() || bare.starts_with('#')) {
+            continue;
+        }
+        Step step{number, wordsOf(line, number)};
+        if (step.words.empty()) {
+            continue;
+        }
+        check(step);
+        if (step.verb() == "firm") {
+            takeFirms(steps, step, firms, depth);
+        } else {
+            steps.push_back(std::move(step));
+        }
+    }
+    return steps;
+}
+
 }  // namespace
 
 std::optional<long long> parseWhole(std::string_view text)
@@ -278,30 +333,9 @@ std::optional<KeyEvent> parseKey(std::string_view name)
     return event;
 }
 
-std::vector<Step> parseJourney(std::string_view text)
+std::vector<Step> parseJourney(std::string_view text, const Firms& firms)
 {
-    if (text.starts_with("\xEF\xBB\xBF")) {
-        text.remove_prefix(3);
-    }
-    std::vector<Step> steps;
-    int number = 0;
-    for (std::string line : split(text, '\n')) {
-        ++number;
-        if (line.ends_with('\r')) {
-            line.pop_back();
-        }
-        const std::string bare = trim(line);
-        if (bare.empty() || bare.starts_with('#')) {
-            continue;
-        }
-        Step step{number, wordsOf(line, number)};
-        if (step.words.empty()) {
-            continue;
-        }
-        check(step);
-        steps.push_back(std::move(step));
-    }
-    return steps;
+    return parseSteps(text, firms, 0);
 }
 
 }  // namespace bravona

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -31,8 +32,12 @@ public:
     int line;
 };
 
-// The steps of a journey. Throws NoSuchStep.
-std::vector<Step> parseJourney(std::string_view text);
+// The steps that stand behind the name of a firm, as a text; nullopt for a name that nobody has given.
+using Firms = std::function<std::optional<std::string>(const std::string& name)>;
+
+// The steps of a journey. `firm NAME ...` is replaced by the steps of those firms, which all bear its line. Throws
+// NoSuchStep.
+std::vector<Step> parseJourney(std::string_view text, const Firms& firms = {});
 
 // "Enter", "Alt+r", "Ctrl+Home", "a"; nullopt for a key that does not exist.
 std::optional<KeyEvent> parseKey(std::string_view name);
