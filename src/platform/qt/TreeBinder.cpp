@@ -15,6 +15,10 @@ namespace bravona {
 void TreeModel::follow()
 {
     const TreeView* records = tree();
+    if (records != nullptr && !places_.empty() && records->nodes().size() >= places_.size()) {
+        takeIn(*records);
+        return;
+    }
     beginResetModel();
     roots_.clear();
     places_.clear();
@@ -35,6 +39,25 @@ void TreeModel::follow()
         }
     }
     endResetModel();
+}
+
+// Only those behind the known ones are new: the view stays where it is.
+void TreeModel::takeIn(const TreeView& records)
+{
+    const auto& nodes = records.nodes();
+    for (std::size_t i = places_.size(); i < nodes.size(); ++i) {
+        const int parent = nodes[i].parent;
+        const int shown = parent < 0 ? static_cast<int>(roots_.size()) : shown_[static_cast<std::size_t>(parent)];
+        beginInsertRows(of(parent), shown, shown);
+        places_.push_back(shown);
+        shown_.push_back(0);
+        if (parent < 0) {
+            roots_.push_back(static_cast<int>(i));
+        } else {
+            ++shown_[static_cast<std::size_t>(parent)];
+        }
+        endInsertRows();
+    }
 }
 
 QModelIndex TreeModel::of(int node) const
@@ -191,8 +214,8 @@ void TreeBinder::followExpanded()
 {
     view_->following = true;
     for (std::size_t i = 0; i < c().nodes().size(); ++i) {
-        if (c().nodes()[i].expanded) {
-            view_->setExpanded(model_->of(static_cast<int>(i)), true);
+        if (!c().nodes()[i].children.empty()) {
+            view_->setExpanded(model_->of(static_cast<int>(i)), c().nodes()[i].expanded);
         }
     }
     view_->following = false;
@@ -226,6 +249,7 @@ void TreeBinder::settle()
     view_->following = false;
     followExpanded();
     followSelection();
+    view_->viewport()->update();
 }
 
 void TreeBinder::follow(Aspect aspect, std::size_t row)

@@ -23,6 +23,7 @@ public:
     void nodeChanged(int node);
 
 private:
+    void takeIn(const TreeView& records);
     std::vector<int> roots_;
     std::vector<int> places_;  // of each node among its parent's children
     std::vector<int> shown_;   // how many children of each node are known to the view

@@ -3,6 +3,7 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include <array>
 #include <cstdint>
 
 namespace bravona {
@@ -97,6 +98,14 @@ std::string trim(std::string_view text)
         text.remove_suffix(1);
     }
     return std::string(text);
+}
+
+std::string nomeMese(int mese)
+{
+    static constexpr std::array<const char*, 12> nomi{"Gennaio",   "Febbraio", "Marzo",    "Aprile",
+                                                      "Maggio",    "Giugno",   "Luglio",   "Agosto",
+                                                      "Settembre", "Ottobre",  "Novembre", "Dicembre"};
+    return nomi.at(static_cast<std::size_t>(mese - 1));
 }
 
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with)

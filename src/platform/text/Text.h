@@ -19,6 +19,7 @@ std::string lower(std::string_view text);
 // First letter of each word a capital, the others small; a word begins behind a blank, an apostrophe or a hyphen too
 // ("L'Aquila", "Forlì-Cesena").
 std::string properName(std::string_view text);
+std::string nomeMese(int mese);  // Italian name of a month, 1 to 12, with a capital: "Gennaio"
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 std::string doubleQuotes(std::string_view text);                        // every single quote twice
 std::vector<std::string> split(std::string_view text, char separator);  // one part more than separators
