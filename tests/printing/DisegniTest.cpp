@@ -134,16 +134,19 @@ TEST_P(Disegni, putTheAddressWhereAnEnvelopeShowsIt)
     const Page page = pagine({}).pages.at(0);
     // A window of 35 by 90 mm at the right, the sheet somewhere in the envelope's play.
     constexpr double millimetro = 1440 / 25.4;
+    int righe = 0;
     for (const Primitive& primitive : page.primitives) {
         const auto* testo = std::get_if<TextPrimitive>(&primitive);
         if (testo == nullptr || (testo->control != "Text17" && testo->control != "Text21")) {
             continue;
         }
+        ++righe;
         EXPECT_GE(testo->y, 54 * millimetro);
         EXPECT_LE(testo->y + testo->height, 80 * millimetro);
         EXPECT_GE(testo->x, 104 * millimetro);
         EXPECT_LE(testo->x + testo->width, 196 * millimetro);
     }
+    EXPECT_EQ(righe, 2);
 }
 
 TEST_P(Disegni, tellOnThePageWhereItGoesOn)

@@ -1,9 +1,6 @@
 #include "journey/JourneyFiles.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 
 namespace bravona {
 
@@ -56,30 +53,6 @@ bool collectJourneys(const std::string& place, std::vector<JourneyFile>& files)
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
     files.insert(files.end(), found.begin(), found.end());
     return !failure;
-}
-
-Firms firmsFor(const fs::path& journey)
-{
-    fs::path folder = journey == "-" ? fs::current_path() : fs::absolute(journey).parent_path();
-    while (!fs::is_directory(folder / "firms") && folder.has_relative_path()) {
-        folder = folder.parent_path();
-    }
-    return [folder = folder / "firms"](const std::string& name) {
-        std::string text;
-        const bool found = fs::path(name).filename() == name && readText(folder / (name + ".firm"), text);
-        return found ? std::optional(text) : std::nullopt;
-    };
-}
-
-bool readText(const fs::path& path, std::string& text)
-{
-    if (path == "-") {
-        text.assign(std::istreambuf_iterator<char>(std::cin), {});
-        return true;
-    }
-    std::ifstream file(path, std::ios::binary);
-    text.assign(std::istreambuf_iterator<char>(file), {});
-    return file.good() || file.eof();
 }
 
 }  // namespace bravona

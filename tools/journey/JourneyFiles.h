@@ -24,10 +24,5 @@ struct JourneyFile {
 bool readArguments(int argc, char** argv, Arguments& arguments);
 // Adds the journeys of a file or folder, in the order of their names; false when it cannot be read.
 bool collectJourneys(const std::string& place, std::vector<JourneyFile>& files);
-// The firms of the nearest folder `firms` from that journey upwards, one a file NAME.firm; for standard input from the
-// working folder upwards.
-Firms firmsFor(const std::filesystem::path& journey);
-// The whole text of a file or, for "-", of standard input.
-bool readText(const std::filesystem::path& path, std::string& text);
 
 }  // namespace bravona

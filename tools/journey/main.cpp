@@ -7,6 +7,7 @@
 
 #include "journey/JourneyFiles.h"
 #include "journey/QtJourneyHost.h"
+#include "support/journey/FirmFiles.h"
 #include "support/journey/JourneyRunner.h"
 #include "support/journey/ProvaHost.h"
 
