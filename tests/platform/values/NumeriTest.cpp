@@ -198,6 +198,16 @@ TEST(Numeri, WrittenNumbersReadBackTheSame)
     }
 }
 
+TEST(Numeri, TheMiddleBetweenTwoCentsGoesAwayFromZero)
+{
+    for (const std::int64_t segno : {1, -1}) {
+        const Currency atteso = Currency::fromTenThousandths(segno * 1300);
+        EXPECT_EQ(aCentesimi(static_cast<double>(segno) * 0.125), atteso);
+        EXPECT_EQ(aCentesimi(Currency::fromTenThousandths(segno * 1250)), atteso);
+        EXPECT_EQ(aCentesimi(segno > 0 ? "0,125" : "-0,125"), atteso);
+    }
+}
+
 // The C locale of the machine writes decimals its own way; ours must not follow.
 TEST(Numeri, TheMachinesLocaleDoesNotCount)
 {
