@@ -23,7 +23,6 @@ done
 done
 cd "$copy"
 export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES='qt.qpa.*=false'
-export CCACHE_BASEDIR=$copy CCACHE_NOHASHDIR=1
 bin=build/debug/bin
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
