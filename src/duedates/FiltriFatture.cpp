@@ -109,7 +109,7 @@ std::string FiltriFatture::diTipo() const
 {
     std::string tipi;
     for (const auto& [tipo, codici] :
-         {std::pair(&chkFatture, "1,2,"), {&chkNoteCredito, "4,"}, {&chkNoteDebito, "5,"}}) {
+         {std::pair(&chkFatture, "1,2,"), std::pair(&chkNoteCredito, "4,"), std::pair(&chkNoteDebito, "5,")}) {
         if (tipo->checked()) {
             tipi += codici;
         }
