@@ -78,11 +78,10 @@ void frmStampaListino::Stampa()
         cmbFilterField.setFocus();
         return;
     }
-    {
-        const clsCursorWait attesa(desktop());
-        StampaListino(sessione_, scelta);
-    }
+    // First, because a preview asked for by a modal screen goes with it.
     unload();
+    const clsCursorWait attesa(desktop());
+    StampaListino(sessione_, scelta);
 }
 
 }  // namespace bravona
