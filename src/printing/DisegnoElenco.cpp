@@ -1,5 +1,7 @@
 #include "printing/DisegnoElenco.h"
 
+#include <utility>
+
 namespace bravona {
 
 namespace {
@@ -18,9 +20,18 @@ void MettiColonne(Report& report, double y, std::span<const ColonnaElenco> colon
     double x = 0;
     for (const ColonnaElenco& colonna : colonne) {
         const double larghezza = colonna.larghezza - 2 * aria;
-        testata.controls.push_back(Etichetta(colonna.etichetta, colonna.titolo,
-                                             {x + aria, y, larghezza, altezzaIntestazioni},
-                                             {8, 6.5, true, colonna.allineamento}));
+        ReportControl titolo =
+            Etichetta(colonna.etichetta, colonna.titolo, {x + aria, y, larghezza, altezzaIntestazioni},
+                      {8, 6.5, true, colonna.allineamento});
+        // A blank at the edge of a heading does not put it out of line with its column.
+        const int spazio = textWidth(" ", titolo.points, titolo.bold);
+        if (colonna.allineamento == Align::left && titolo.caption.front() == ' ') {
+            titolo.left -= spazio;
+        }
+        if (colonna.allineamento == Align::right && titolo.caption.back() == ' ') {
+            titolo.width += spazio;
+        }
+        testata.controls.push_back(std::move(titolo));
         ReportControl campo = Campo(colonna.colonna, {x + aria, 0, larghezza, altezzaRigaElenco},
                                     {8.5, 7.5, false, colonna.allineamento});
         campo.pattern = colonna.formato;

@@ -45,7 +45,7 @@ Report arptElencoClientivb()
         blocco.controls.push_back(Campo(colonna, {x, primaRiga + numero * riga, larghezza, riga}, stile));
     };
     campo("Cliente", 1, 60, 0, {9.5, 8, true});
-    campo("ClienteSecondaRiga", 62, 35, 0, {8.5, 7});
+    campo("ClienteSecondaRiga", 62, 34, 0, {8.5, 7});
     campo("Indirizzo", 1, 96, 1, {8.5, 7});
     campo("Cap", 1, 12, 2, {8.5, 7});
     campo("Citta", 13, 50, 2, {8.5, 7});
