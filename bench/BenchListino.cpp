@@ -48,7 +48,6 @@ void stampaListino(benchmark::State& stato)
     const QApplication applicazione(argomenti, valori);
 
     ProgrammaDiProva prova;
-    prova.avvia();
     Sessione& sessione = prova.sessione();
     aggiungiArticoli(sessione, articoli, 1000);
     SceltaListino scelta;
