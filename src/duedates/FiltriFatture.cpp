@@ -1,16 +1,15 @@
 #include "duedates/FiltriFatture.h"
 
-#include <array>
 #include <utility>
 
+#include "platform/text/Text.h"
 #include "session/modMain.h"
 
 namespace bravona {
 
 namespace {
 
-constexpr std::array mesi{"GENNAIO", "FEBBRAIO", "MARZO",     "APRILE",  "MAGGIO",   "GIUGNO",
-                          "LUGLIO",  "AGOSTO",   "SETTEMBRE", "OTTOBRE", "NOVEMBRE", "DICEMBRE"};
+constexpr int mesi = 12;
 constexpr std::int32_t interoAnno = -1;
 
 }  // namespace
@@ -48,9 +47,8 @@ void FiltriFatture::carica(const std::string& clienti, bool tuttiRegistri)
         cmbCliente.addItem(elenco["Cliente"].text() + " (" + std::to_string(id) + ")", id);
     }
     cmbPeriodo.addItem("Intero anno", interoAnno);
-    std::int32_t numero = 0;
-    for (const char* mese : mesi) {
-        cmbPeriodo.addItem(mese, ++numero);
+    for (int mese = 1; mese <= mesi; ++mese) {
+        cmbPeriodo.addItem(upper(nomeMese(mese)), mese);
     }
     if (tuttiRegistri) {
         cmbRegistro.addItem("Tutti i Registri");
