@@ -1,11 +1,11 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <QApplication>
 #include <QImage>
 #include <algorithm>
 #include <stdexcept>
 
+#include "Applicazione.h"
 #include "Magazzino.h"
 #include "Tempi.h"
 #include "platform/qt/PagePainter.h"
@@ -41,11 +41,7 @@ double occupati()
 
 void stampaListino(benchmark::State& stato)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    int argomenti = 1;
-    char nome[] = "bench";
-    char* valori[] = {nome, nullptr};
-    const QApplication applicazione(argomenti, valori);
+    const Applicazione applicazione;
 
     ProgrammaDiProva prova;
     Sessione& sessione = prova.sessione();
