@@ -1,11 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QBuffer>
 #include <QPdfWriter>
 #include <algorithm>
 #include <stdexcept>
 
+#include "Applicazione.h"
 #include "Tempi.h"
 #include "platform/qt/PagePainter.h"
 #include "printing/arptFatturaImmediatavb.h"
@@ -47,11 +47,7 @@ void dipingi(const Pages& pagine)
 
 void stampaFattura(benchmark::State& stato)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    int argomenti = 1;
-    char nome[] = "bench";
-    char* valori[] = {nome, nullptr};
-    const QApplication applicazione(argomenti, valori);
+    const Applicazione applicazione;
 
     DocumentoDiProva documento;
     documento.righe = 1000;

@@ -12,7 +12,6 @@ namespace bravona {
 
 namespace {
 
-constexpr double lirePerEuro = 1936.27;
 constexpr std::string_view dueDecimali = "#,##0.00";
 
 // What becomes of a column of the document query on the page.

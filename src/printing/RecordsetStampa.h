@@ -9,6 +9,9 @@
 
 namespace bravona {
 
+// For the figure in lire below a printed total.
+inline constexpr double lirePerEuro = 1936.27;
+
 // Pages of `a` rows at `b` a page; never less than one. Errore 11 when b is 0.
 std::int16_t NumeroPagine(std::int16_t a, std::int16_t b);
 

@@ -2,6 +2,7 @@
 
 #include "documents/frmDettagliIVA.h"
 #include "documents/frmEmissioneDocumento.h"
+#include "documents/frmResoconto.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
 #include "documents/modScarico.h"
@@ -23,10 +24,12 @@
 #include "masterdata/frmSelezioneArticolo.h"
 #include "masterdata/frmSelezioneDestinazione.h"
 #include "masterdata/frmSelezioneRecord.h"
+#include "masterdata/frmStampaListino.h"
 #include "masterdata/frmVariazioneArticolo.h"
 #include "masterdata/frmVariazioneCliente.h"
 #include "masterdata/frmVariazioneComune.h"
 #include "platform/values/Numeri.h"
+#include "printing/modElenchi.h"
 #include "session/frmAbout.h"
 #include "session/frmDescrizioneRegistri.h"
 #include "session/frmMain.h"
@@ -90,15 +93,19 @@ void Programma::registraSchermate()
     registra<frmVariazioneArticolo>(sessione_, "frmVariazioneArticolo");
     registra<frmDescrizioneListini>(sessione_, "frmDescrizioneListini");
     registra<frmAggiornamentoListino>(sessione_, "frmAggiornamentoListino");
+    registra<frmStampaListino>(sessione_, "frmStampaListino");
 
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
+    registra<frmResoconto>(sessione_, "frmResoconto");
 
     registra<frmBackup>(sessione_, "frmBackup");
     registra<FRM_Backup>(sessione_, "FRM_Backup");
     registra<FRMRipristino>(sessione_, "FRMRipristino");
+    sessione_.Comandi.StampaElencoClienti = [this] { StampaElencoClienti(sessione_); };
+    sessione_.Comandi.StampaElencoFornitori = [this] { StampaElencoFornitori(sessione_); };
     sessione_.Comandi.CompattaArchivio = [this] { CompattaArchivio(sessione_); };
 }
 

@@ -1,6 +1,11 @@
+#include <QApplication>
 #include <QFile>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -88,6 +93,38 @@ TEST(Pdf, HaUnaPaginaPerFoglioEStaInUnFile)
                   return 0;
               }),
               0U);
+}
+
+// Pages that take their time: the bar comes, and stopping it leaves no file.
+TEST(Pdf, SiFermaAMetaSenzaLasciareUnFile)
+{
+    QtDesktop desktop;
+    const QTemporaryDir cartella;
+    const QString file = cartella.filePath(QStringLiteral("Listino.pdf"));
+    std::size_t impaginate = 0;
+    Pages pagine;
+    pagine.pages = PageList(400, [&impaginate](std::size_t) {
+        QThread::msleep(20);
+        ++impaginate;
+        return Page();
+    });
+    QTimer mano;
+    QObject::connect(&mano, &QTimer::timeout, &mano, [] {
+        for (QWidget* finestra : QApplication::topLevelWidgets()) {
+            if (auto* barra = qobject_cast<QProgressDialog*>(finestra); barra != nullptr && barra->isVisible()) {
+                barra->findChild<QPushButton*>()->click();
+            }
+        }
+    });
+    mano.start(10);
+    EXPECT_EQ(numeroDelFallimento([&] {
+                  desktop.exportPdf(pagine, file.toStdString(), "Listino");
+                  return 0;
+              }),
+              interrotto);
+    EXPECT_GT(impaginate, 0U);
+    EXPECT_LT(impaginate, 400U);
+    EXPECT_FALSE(QFile::exists(file));
 }
 
 class FormaConTimer final : public Form {

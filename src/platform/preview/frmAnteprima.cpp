@@ -201,7 +201,15 @@ void frmAnteprima::SalvaPdf()
     if (lower(right(*percorso, 4)) != ".pdf") {
         *percorso += ".pdf";
     }
-    desktop().exportPdf(pages(), *percorso, suggestedName_);
+    try {
+        desktop().exportPdf(pages(), *percorso, suggestedName_);
+    } catch (const Errore& errore) {
+        if (errore.numero() != interrotto) {
+            throw;
+        }
+        lblStato.setCaption("Salvataggio interrotto");
+        return;
+    }
     const std::string file = percorso->substr(Cartella(*percorso).size());
     lblStato.setCaption("Salvato: " + (length(file) > nomeBreve ? left(file, nomeBreve) + "…" : file));
 }

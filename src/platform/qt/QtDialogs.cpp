@@ -11,6 +11,7 @@
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QStandardPaths>
 
@@ -129,19 +130,40 @@ QPageLayout sheetOf(const Pages& pages)
             QPageLayout::Portrait, QMarginsF()};
 }
 
-void paintAll(QPainter& painter, QPagedPaintDevice& device, const Pages& pages, const QRectF& area)
+// Which pages, from 0, and where on the device's sheet.
+struct PaintJob {
+    std::size_t from = 0;
+    std::size_t to = 0;  // behind the last
+    QRectF area;
+    QString title;
+};
+
+// False when the person stopped it. A page is let go before the next one is laid out.
+bool paintAll(QPainter& painter, QPagedPaintDevice& device, const Pages& pages, const PaintJob& job, QWidget* over)
 {
-    bool first = true;
-    for (const Page& page : pages.pages) {
-        if (!first && !device.newPage()) {
+    constexpr int patience = 1500;  // milliseconds without a bar
+    const auto count = static_cast<int>(job.to - job.from);
+    QProgressDialog progress(QString(), QStringLiteral("&Interrompi"), 0, count, over);
+    progress.setWindowTitle(job.title);
+    progress.setWindowModality(Qt::ApplicationModal);
+    progress.setMinimumDuration(patience);
+    progress.setMinimumWidth(theme::pixels(360));
+    for (int done = 0; done < count; ++done) {
+        progress.setLabelText(QStringLiteral("Pagina %1 di %2").arg(done + 1).arg(count));
+        progress.setValue(done);
+        if (progress.wasCanceled()) {
+            return false;
+        }
+        if (done > 0 && !device.newPage()) {
             throw Errore(printerFault, "Errore di stampa");
         }
-        first = false;
         painter.save();
-        pagePainter::fit(painter, pages, area);
-        pagePainter::paint(painter, page);
+        pagePainter::fit(painter, pages, job.area);
+        pagePainter::paint(painter, pages.pages[job.from + static_cast<std::size_t>(done)]);
         painter.restore();
     }
+    progress.setValue(count);
+    return true;
 }
 
 }  // namespace
@@ -270,22 +292,25 @@ bool QtDesktop::printPages(const Pages& pages, const std::string& title)
         return false;
     }
     printer.setFullPage(true);
-    Pages part = pages;
-    if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0) {
-        const auto count = static_cast<int>(pages.pages.size());
-        const int from = std::clamp(printer.fromPage(), 1, std::max(1, count));
-        const int to = std::clamp(printer.toPage(), from, std::max(from, count));
-        part.pages.assign(pages.pages.begin() + from - 1, pages.pages.begin() + std::min(to, count));
+    PaintJob job{0, pages.pages.size(), QRectF(printer.paperRect(QPrinter::DevicePixel)), toQt(title)};
+    if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0 && job.to > 0) {
+        const auto count = static_cast<int>(job.to);
+        const int from = std::clamp(printer.fromPage(), 1, count);
+        job.from = static_cast<std::size_t>(from - 1);
+        job.to = static_cast<std::size_t>(std::clamp(printer.toPage(), from, count));
     }
     QPainter painter;
     if (!painter.begin(&printer)) {
         throw Errore(printerFault, "La stampante non risponde");
     }
-    paintAll(painter, printer, part, QRectF(printer.paperRect(QPrinter::DevicePixel)));
-    if (!painter.end()) {
+    const bool whole = paintAll(painter, printer, pages, job, frontWindow());
+    if (!whole) {
+        printer.abort();
+    }
+    if (!painter.end() && whole) {
         throw Errore(printerFault, "Errore di stampa");
     }
-    return true;
+    return whole;
 }
 
 void QtDesktop::exportPdf(const Pages& pages, const std::string& path, const std::string& title)
@@ -302,8 +327,13 @@ void QtDesktop::exportPdf(const Pages& pages, const std::string& path, const std
         if (!painter.begin(&writer)) {
             throw Errore(printerFault, "Errore di stampa");
         }
-        paintAll(painter, writer, pages,
-                 QRectF(0, 0, pages.width * pdfResolution / twipsPerInch, pages.height * pdfResolution / twipsPerInch));
+        const PaintJob job{
+            0, pages.pages.size(),
+            QRectF(0, 0, pages.width * pdfResolution / twipsPerInch, pages.height * pdfResolution / twipsPerInch),
+            toQt(title)};
+        if (!paintAll(painter, writer, pages, job, frontWindow())) {
+            throw Errore(interrotto, "Salvataggio interrotto");
+        }
     }
     const QByteArray& bytes = buffer.data();
     files_->replace(path, Bytes(bytes.begin(), bytes.end()));

@@ -1,5 +1,7 @@
 #include "platform/reports/Pages.h"
 
+#include <stdexcept>
+
 #include "platform/text/Text.h"
 
 namespace bravona {
@@ -18,6 +20,30 @@ const TextPrimitive* findPrinted(const Page& page, std::string_view name, std::s
 }
 
 }  // namespace
+
+const Page& PageList::at(std::size_t page) const
+{
+    if (!layout_) {
+        return pages_.at(page);
+    }
+    if (page >= count_) {
+        throw std::out_of_range("no such page");
+    }
+    for (const Laid& recent : recent_) {
+        if (recent.page == page) {
+            return *recent.laid;
+        }
+    }
+    Laid fresh{page, std::make_shared<const Page>(layout_(page))};
+    if (recent_.size() < kept) {
+        recent_.push_back(std::move(fresh));
+        return *recent_.back().laid;
+    }
+    Laid& place = recent_[oldest_];
+    oldest_ = (oldest_ + 1) % kept;
+    place = std::move(fresh);
+    return *place.laid;
+}
 
 std::optional<std::string> printedText(const Page& page, std::string_view name)
 {

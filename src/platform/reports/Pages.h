@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -60,11 +64,60 @@ struct Page {
     int detailRows = 0;
 };
 
+// The pages of a print, from 0. Kept as they are added, or laid out one by one when they are asked for: then a few of
+// the last ones are kept, however many there are, and a page is good for as long as `kept` others have not been asked
+// for. Copies share what lays them out.
+class PageList {
+public:
+    static constexpr std::size_t kept = 8;
+    using Layout = std::function<Page(std::size_t)>;
+    PageList() = default;
+    PageList(std::size_t count, Layout layout) : count_(count), layout_(std::move(layout)) {}
+
+    [[nodiscard]] std::size_t size() const { return layout_ ? count_ : pages_.size(); }
+    [[nodiscard]] bool empty() const { return size() == 0; }
+    [[nodiscard]] const Page& operator[](std::size_t page) const { return at(page); }
+    [[nodiscard]] const Page& at(std::size_t page) const;  // std::out_of_range beyond the last
+    void push_back(Page page) { pages_.push_back(std::move(page)); }
+
+    class Iterator {
+    public:
+        Iterator(const PageList& list, std::size_t page) : list_(&list), page_(page) {}
+        const Page& operator*() const { return list_->at(page_); }
+        Iterator& operator++()
+        {
+            ++page_;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return page_ != other.page_; }
+
+    private:
+        const PageList* list_;
+        std::size_t page_;
+    };
+    [[nodiscard]] Iterator begin() const { return {*this, 0}; }
+    [[nodiscard]] Iterator end() const { return {*this, size()}; }
+
+private:
+    struct Laid {
+        std::size_t page = 0;
+        std::shared_ptr<const Page> laid;
+    };
+    std::vector<Page> pages_;
+    std::size_t count_ = 0;
+    Layout layout_;
+    mutable std::vector<Laid> recent_;  // in a ring
+    mutable std::size_t oldest_ = 0;
+};
+
+// Number of the Errore with which the person stops the making of a PDF; there is no file then.
+inline constexpr std::uint32_t interrotto = 32755;
+
 class Pages {
 public:
     int width = 11906;  // A4, twips
     int height = 16838;
-    std::vector<Page> pages;
+    PageList pages;
 };
 
 // --- Reading pages. Names fold case; a control is found by its own name or by its column, control names first.

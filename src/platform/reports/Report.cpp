@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/text/Text.h"
 #include "platform/values/Errore.h"
@@ -49,16 +51,57 @@ public:
         header_.section = report.find(report.headerSection);
         detail_.section = report.find(report.detailSection);
         footer_.section = report.find(report.footerSection);
+        if (report.style == Report::Style::list) {
+            measureList();
+        }
     }
+
+    [[nodiscard]] std::size_t pageCount() const { return total_; }
+    [[nodiscard]] const Pages& sheet() const { return pages_; }
 
     Pages compose()
     {
         if (report_.style == Report::Style::grouped) {
             grouped();
         } else {
-            list();
+            for (std::size_t sheet = 0; sheet < total_; ++sheet) {
+                pages_.pages.push_back(listPage(sheet));
+            }
+            if (rows_ > 0) {
+                data_.moveFirst();
+            }
         }
         return std::move(pages_);
+    }
+
+    // One page of a list, from 0.
+    Page listPage(std::size_t sheet)
+    {
+        Page page;
+        page_ = sheet + 1;
+        const std::size_t first = sheet * perPage_;
+        const std::size_t last = std::min(rows_, first + perPage_);
+        if (first < last) {
+            data_.moveTo(first);
+        }
+        // Header and footer stand outside the rows; a field there shows the page's first row.
+        Recordset* current = first < last ? &data_ : nullptr;
+        int y = report_.marginTop;
+        y += print(page, header_, current, y, -1);
+        print(page, footer_, current, pages_.height - report_.marginBottom - height(footer_), -1);
+        for (std::size_t row = first; row < last; ++row) {
+            data_.moveTo(row);
+            y += print(page, detail_, &data_, y, page.detailRows++);
+        }
+        return page;
+    }
+
+    // Finds the columns of every section, so that one which the data has not is told before the first page.
+    void bind()
+    {
+        for (BoundSection* section : {&header_, &detail_, &footer_}) {
+            section->bind(data_);
+        }
     }
 
 private:
@@ -69,7 +112,8 @@ private:
             return;
         }
         for (data_.moveFirst(); !data_.eof(); data_.moveNext()) {
-            Page& page = newPage();
+            Page page;
+            ++page_;
             int y = report_.marginTop;
             y += print(page, header_, &data_, y, -1);
             if (detail_.section != nullptr) {
@@ -83,41 +127,18 @@ private:
                 }
             }
             print(page, footer_, &data_, y, -1);
+            pages_.pages.push_back(std::move(page));
         }
         data_.moveFirst();
     }
 
-    void list()
+    void measureList()
     {
-        const int rowHeight = detail_.section == nullptr ? 0 : detail_.section->height;
+        const int rowHeight = height(detail_);
         const int room = pages_.height - report_.marginTop - report_.marginBottom - height(header_) - height(footer_);
-        const std::size_t rows = rowHeight > 0 ? data_.recordCount() : 0;
-        const auto perPage = static_cast<std::size_t>(std::max(1, rowHeight > 0 ? room / rowHeight : 1));
-        total_ = std::max<std::size_t>(1, (rows + perPage - 1) / perPage);
-        if (rows > 0) {
-            data_.moveFirst();
-        }
-        for (std::size_t sheet = 0; sheet < total_; ++sheet) {
-            Page& page = newPage();
-            // Header and footer stand outside the rows; a field there shows the page's first row.
-            Recordset* current = data_.eof() ? nullptr : &data_;
-            int y = report_.marginTop;
-            y += print(page, header_, current, y, -1);
-            print(page, footer_, current, pages_.height - report_.marginBottom - height(footer_), -1);
-            for (std::size_t row = 0; row < perPage && sheet * perPage + row < rows; ++row) {
-                y += print(page, detail_, &data_, y, page.detailRows++);
-                data_.moveNext();
-            }
-        }
-        if (rows > 0) {
-            data_.moveFirst();
-        }
-    }
-
-    Page& newPage()
-    {
-        ++page_;
-        return pages_.pages.emplace_back();
+        rows_ = rowHeight > 0 ? data_.recordCount() : 0;
+        perPage_ = static_cast<std::size_t>(std::max(1, rowHeight > 0 ? room / rowHeight : 1));
+        total_ = std::max<std::size_t>(1, (rows_ + perPage_ - 1) / perPage_);
     }
 
     static int height(const BoundSection& bound) { return bound.section == nullptr ? 0 : bound.section->height; }
@@ -279,8 +300,10 @@ private:
     std::string today_;
     BoundSection header_, detail_, footer_;
     Pages pages_;
-    std::size_t page_ = 0;
-    std::size_t total_ = 0;
+    std::size_t page_ = 0;   // from 1, the one being laid out
+    std::size_t total_ = 0;  // pages
+    std::size_t rows_ = 0;   // of a list
+    std::size_t perPage_ = 1;
 };
 
 }  // namespace
@@ -323,6 +346,26 @@ ReportSection& Report::operator[](std::string_view section)
 Pages componi(const Report& report, Recordset& data, Date today)
 {
     return Composer(report, data, today).compose();
+}
+
+Pages componiSuRichiesta(Report report, Recordset data, Date today)
+{
+    struct Source {
+        Report report;
+        Recordset data;
+        Composer composer;
+        Source(Report&& design, Recordset&& rows, Date day)
+            : report(std::move(design)),
+              data(std::move(rows)),
+              composer(report, data, day)
+        {}
+    };
+    const auto source = std::make_shared<Source>(std::move(report), std::move(data), today);
+    source->composer.bind();
+    Pages pages = source->composer.sheet();
+    pages.pages =
+        PageList(source->composer.pageCount(), [source](std::size_t page) { return source->composer.listPage(page); });
+    return pages;
 }
 
 }  // namespace bravona

@@ -69,6 +69,9 @@ struct Report {
 
 // Lays a report out into pages. `today` stands for %D, dd/mm/yyyy. Errore 3265 for a column that the data has not.
 Pages componi(const Report& report, Recordset& data, Date today);
+// The same for a list of any length: takes the data over and lays a page out when it is asked for. The rows have one
+// height, so the number of pages is known at once.
+Pages componiSuRichiesta(Report report, Recordset data, Date today);
 
 // Width in twips of a text in the report face at a size, rounded up; painted without kerning it is exact.
 int textWidth(std::string_view text, double points, bool bold);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "platform/reports/Report.h"
 #include "platform/values/Errore.h"
 
@@ -124,6 +126,34 @@ TEST(Componi, keepsTheRowsOfAListAboveItsFooter)
             EXPECT_LE(riga->y + riga->height, piede);
         }
     }
+}
+
+// Whatever the order in which pages are asked for, and more of them than are kept.
+TEST(Componi, laysAPageOutOnRequestAsItWouldWithAllOthers)
+{
+    Recordset dati = lista(58 * 20 + 3);
+    const Pages tutte = componi(elenco(), dati, oggi);
+    const Pages pagine = componiSuRichiesta(elenco(), lista(58 * 20 + 3), oggi);
+    ASSERT_EQ(pagine.pages.size(), tutte.pages.size());
+    for (const std::size_t pagina : {20U, 0U, 7U, 19U, 1U, 2U, 3U, 4U, 5U, 6U, 8U, 9U, 0U, 20U}) {
+        const Page& richiesta = pagine.pages[pagina];
+        const Page& attesa = tutte.pages[pagina];
+        EXPECT_EQ(printedText(richiesta, "lblPagina"), printedText(attesa, "lblPagina"));
+        ASSERT_EQ(richiesta.detailRows, attesa.detailRows);
+        ASSERT_EQ(richiesta.primitives.size(), attesa.primitives.size());
+        for (int riga = 0; riga < attesa.detailRows; ++riga) {
+            EXPECT_EQ(detailText(richiesta, riga, "Nome"), detailText(attesa, riga, "Nome"));
+        }
+    }
+    EXPECT_THROW(static_cast<void>(pagine.pages.at(21)), std::out_of_range);
+}
+
+TEST(Componi, tellsAnUnknownColumnBeforeAnyPageIsAskedFor)
+{
+    Report report = elenco();
+    report["D"]["txtNome"].column = "Manca";
+    EXPECT_THROW(componiSuRichiesta(report, lista(1), oggi), Errore);
+    EXPECT_EQ(componiSuRichiesta(elenco(), lista(0), oggi).pages.size(), 1U);
 }
 
 TEST(Componi, printsOnePageForAListWithoutRows)
