@@ -100,6 +100,14 @@ void Programma::registraSchermate()
     registra<FRM_Backup>(sessione_, "FRM_Backup");
     registra<FRMRipristino>(sessione_, "FRMRipristino");
     sessione_.Comandi.CompattaArchivio = [this] { CompattaArchivio(sessione_); };
+    sessione_.Comandi.ProvaAvvio = [this](const std::string& percorso) { ProvaAvvio(sessione_, percorso); };
+    sessione_.Comandi.RipristinaAllAvvio = [this](const std::string& backup) {
+        // What is stored counts as in use, so that the restore spares it.
+        sessione_.PercorsoArchivio = sessione_.settings().get("Impostazioni", "PercorsoDB");
+        RipristinaAllAvvio(sessione_, backup);
+        Annuncia(sessione_, "Ripristinato il backup " + backup);
+        return percorsoDatabase(sessione_);
+    };
 }
 
 void Programma::avvia()
@@ -115,6 +123,19 @@ void Programma::sequenzaDiAvvio()
     CaricaImpostazioniDocumenti(sessione_);
     VerificaCartelle(sessione_);
     sessione_.PercorsoArchivio = RilevaPercorsoDB(sessione_);
+    try {
+        sessioneSullArchivio();
+    } catch (const FineProcesso&) {
+        throw;
+    } catch (const Errore& errore) {
+        AnnotaArchivioRifiutato(sessione_, sessione_.PercorsoArchivio, errore.numero());
+        throw;
+    }
+    AnnotaAvvioRiuscito(sessione_);
+}
+
+void Programma::sessioneSullArchivio()
+{
     ApriConnessione(sessione_, sessione_.PercorsoArchivio);
     if (!EsisteArchivio(sessione_)) {
         sessione_.desktop().inform(
@@ -130,6 +151,9 @@ void Programma::sequenzaDiAvvio()
     sessione_.AnnoRiferimento = annoImpostato(sessione_.settings());
     MostraAnnoRiferimento(sessione_);
     sessione_.TabellaIva = std::make_unique<clsTabellaCodiciIVA>(sessione_);
+    if (sessione_.AnnoRiferimento == "0") {
+        Annuncia(sessione_, "Nessun anno aperto: sceglierlo con File, Apri archivio (Ctrl+O)");
+    }
     scarichiDovuti();
     sessione_.schermate().get("frmMain").show();
 }
