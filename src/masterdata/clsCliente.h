@@ -7,11 +7,8 @@
 
 namespace bravona {
 
-// One row of Clienti, customer or supplier. The operations answer false after having told the person why.
-class clsCliente final : public RigaDiTabella {
-public:
-    explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
-
+// The columns of Clienti.
+struct DatiCliente {
     bool VisualizzaNoteSuDocumenti = false;
     std::string NoteGeneriche, EstremiEsenzioneIVA, DescrizioneEsenzioneIVA;
     std::int32_t ScontoMaggiorazione1 = 0, ScontoMaggiorazione2 = 0, ScontoMaggiorazione3 = 0;  // percent
@@ -21,10 +18,18 @@ public:
         Telefono, Cap, Provincia, Citta, Indirizzo, ClienteSecondaRiga, Cliente;
     std::int32_t IDCliente = 0;
     std::string Listino;  // how the price list is called; not in the row, empty when it was read
-    bool RichiamaCliente(std::int32_t id);
-    bool RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
-    bool ModificaCliente(std::int32_t id);
-    bool EliminaCliente(std::int32_t id);
+};
+
+// One row of Clienti, customer or supplier. The operations tell nobody of a failure.
+class clsCliente final : public RigaDiTabella, public DatiCliente {
+public:
+    explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
+
+    // All of the row or, when any of it cannot be read, none: the members stay as they are then.
+    Esito RichiamaCliente(std::int32_t id);
+    Esito RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
+    Esito ModificaCliente(std::int32_t id);
+    Esito EliminaCliente(std::int32_t id);
 
 private:
     void scrivi(Recordset& record) const override;

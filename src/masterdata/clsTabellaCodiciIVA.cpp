@@ -45,34 +45,32 @@ void clsTabellaCodiciIVA::Refresh()
 }
 
 // One statement and the table read again. `rifiuto` is what the store may refuse by a message of its own.
-bool clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& rifiuto)
+Esito clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& rifiuto)
 {
     try {
         const clsCursorWait attesa(sessione_.desktop());
         sessione_.cn.execute(istruzione);
         Refresh();
-        return true;
+        return {};
     } catch (const Errore& errore) {
-        if (errore.numero() == rifiuto.numero) {
-            sessione_.desktop().inform(rifiuto.messaggio, titoloTabella);
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, rifiuto.modulo, rifiuto.routine);
-        }
-        return false;
+        return {.riuscito = false,
+                .messaggio = errore.numero() == rifiuto.numero
+                                 ? MessageBox{.title = titoloTabella, .text = rifiuto.messaggio}
+                                 : ErroreStandard(errore, rifiuto.modulo, rifiuto.routine)};
     }
 }
 
-bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
+Esito clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
 {
     return scrivi("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
-                      numeroIstruzione(aliquota) + ",'" + codice + "', '" + descrizione + "')",
+                      numeroIstruzione(aliquota) + "," + quoted(codice) + ", " + quoted(descrizione) + ")",
                   {.numero = errori::chiaveDuplicata,
                    .messaggio = "Attenzione! Il codice indicato e gia' presente in archivio.",
                    .modulo = "Modulo: clsTabellaCodiciIva",
                    .routine = "Routine: AddCodiceIVA"});
 }
 
-bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
+Esito clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
 {
     return scrivi("DELETE * FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id),
                   {.numero = errori::recordCorrelati,
@@ -82,10 +80,10 @@ bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
                    .routine = "Routine: RemoveAliquotaIVA"});
 }
 
-bool clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
+Esito clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
 {
-    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione='" + descrizione +
-                      "' WHERE IDCodiceIVA=" + std::to_string(id),
+    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione=" + quoted(descrizione) +
+                      " WHERE IDCodiceIVA=" + std::to_string(id),
                   {.numero = errori::testoObbligatorioVuoto,
                    .messaggio = "Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",
                    .modulo = "Nel modulo: clsTabellaCodiciIVA",

@@ -43,6 +43,7 @@ void frmRegistraArticolo::valoriIniziali()
     for (const std::size_t casella : caselleCifre) {
         txtArticolo[casella].setText("0,00");
     }
+    ricordaContenuto();
     vai(codice);
 }
 
@@ -69,14 +70,14 @@ bool frmRegistraArticolo::RegistraNuovoArticolo()
         }
         clsArticolo articolo(sessione_);
         raccogli(articolo);
-        if (!articolo.RegistraArticolo()) {
+        if (!articolo.RegistraArticolo().riferisci(desktop())) {
             desktop().inform("Errore nella registrazione dell'articolo. \n"
                              "Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);
             vaiAlCampoErrato();
             return false;
         }
-        return RegistraPrezziArticolo(sessione_, articolo.IDArticolo, txtEuro);
+        return registraPrezzi(articolo.IDArticolo);
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmRegistraArticolo", "Routine: RegistraNuovoArticolo");
         return false;

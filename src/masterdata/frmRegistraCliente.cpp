@@ -15,7 +15,7 @@ frmRegistraCliente::frmRegistraCliente(Sessione& sessione)
                      .aggiunta = [this](const ListRow&) { return "d" + std::to_string(++contatore_); },
                      .eliminare =
                          [this](const std::string&) {
-                             return desktop().ask("Vuoi eliminare la destinazione selezionata?", titolo);
+                             return desktop().askBeforeLosing("Vuoi eliminare la destinazione selezionata?", titolo);
                          }},
                     {"&Registra", "&Chiudi", "Ricerca..."})
 {
@@ -48,6 +48,7 @@ void frmRegistraCliente::nuova()
     if (!List1.items().empty()) {
         List1.setListIndex(0);
     }
+    ricordaContenuto();
     SSTab1.setTab(paginaIndirizzo);
     fuocoSuPagina();
 }
@@ -56,9 +57,9 @@ bool frmRegistraCliente::giaPresente()
 {
     return sessione()
                .cn
-               .open("SELECT IDCliente FROM CLienti WHERE Cliente = '" + doubleQuotes(txtAnagrafica[cliente].text()) +
-                     "' AND Indirizzo = '" + doubleQuotes(txtAnagrafica[indirizzo].text()) + "' AND Citta = '" +
-                     doubleQuotes(txtAnagrafica[citta].text()) + "'")
+               .open("SELECT IDCliente FROM CLienti WHERE Cliente = " + quoted(txtAnagrafica[cliente].text()) +
+                     " AND Indirizzo = " + quoted(txtAnagrafica[indirizzo].text()) +
+                     " AND Citta = " + quoted(txtAnagrafica[citta].text()))
                .recordCount() > 0;
 }
 
@@ -74,12 +75,14 @@ void frmRegistraCliente::Registra()
     }
     clsCliente nuovo(sessione());
     nuovo.DataBase = &sessione().cn;
-    if (!leggi(nuovo)) {
+    if (!leggi(nuovo) || !proseguiSenzaDestinazione()) {
         return;
     }
     // A party whose destinations fail must not be left behind: the next attempt would find it.
-    if (!nuovo.RegistraCliente(
-            [this](std::int32_t id) { RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id); })) {
+    const auto scriviDestinazioni = [this](std::int32_t id) {
+        RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
+    };
+    if (!nuovo.RegistraCliente(scriviDestinazioni).riferisci(desktop())) {
         desktop().inform("Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!", titolo);
         fuocoSu(txtAnagrafica[cliente], paginaIndirizzo);
         return;

@@ -57,9 +57,8 @@ bool frmRegistraComune::giaPresente()
     clsComuni comune(sessione_);
     campi.leggi(comune);
     return sessione_.cn
-               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = '" + doubleQuotes(comune.Comune) +
-                     "' AND Provincia = '" + doubleQuotes(comune.Provincia) + "' AND Cap = '" +
-                     doubleQuotes(comune.Cap) + "'")
+               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = " + quoted(comune.Comune) +
+                     " AND Provincia = " + quoted(comune.Provincia) + " AND Cap = " + quoted(comune.Cap))
                .recordCount() > 0;
 }
 
@@ -80,7 +79,7 @@ void frmRegistraComune::Registra()
     clsComuni comune(sessione_);
     comune.DataBase = &sessione_.cn;
     campi.leggi(comune);
-    if (!comune.RegistraComune()) {
+    if (!comune.RegistraComune().riferisci(desktop())) {
         desktop().inform("Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!",
                          titoloTabella);
         campi.txtComune.front().setFocus();

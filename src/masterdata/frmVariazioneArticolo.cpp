@@ -53,6 +53,7 @@ void frmVariazioneArticolo::onLoad()
     if (!cboCodiciIVA.items().empty()) {
         cboCodiciIVA.setListIndex(0);
     }
+    ricordaContenuto();
 }
 
 void frmVariazioneArticolo::onKeyDown(KeyEvent& evento)
@@ -72,7 +73,9 @@ void frmVariazioneArticolo::tornaAllaRicerca()
 
 void frmVariazioneArticolo::cerca()
 {
-    const std::int32_t id = RicercaArticolo(sessione_, cboCampoDiRicerca.listIndex(), txtChiaveRicerca.text());
+    const std::int32_t id =
+        RicercaArticolo(sessione_, static_cast<CampoArticolo>(cboCampoDiRicerca.listIndex()), txtChiaveRicerca.text());
+    txtChiaveRicerca.selectAll();
     if (id == ricerca::annullata) {
         return;
     }
@@ -89,13 +92,14 @@ void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
     const clsCursorWait attesa(desktop());
     svuota({&txtChiaveRicerca, &cboCampoDiRicerca});
     clsArticolo articolo(sessione_);
-    if (!articolo.RichiamaArticolo(id)) {
+    if (!articolo.RichiamaArticolo(id).riferisci(desktop())) {
         tornaAllaRicerca();
         return;
     }
-    mostra(articolo);
-    CaricaPrezziArticolo(sessione_, id, txtEuro);
     IDArticolo_ = id;
+    mostra(articolo);
+    mostraPrezzi();
+    ricordaContenuto();
     vaiAlPrimoCampo();
 }
 
@@ -122,21 +126,22 @@ bool frmVariazioneArticolo::VariazioneArticoloEsistente()
         clsArticolo articolo(sessione_);
         // As it stands now: a document registered meanwhile keeps its effect on the dates and figures that nobody
         // typed into.
-        if (!articolo.RileggiArticolo(IDArticolo_)) {
+        if (!articolo.RileggiArticolo(IDArticolo_).riferisci(desktop())) {
             return false;
         }
         raccogli(articolo);
-        if (!articolo.ModificaArticolo(IDArticolo_)) {
+        if (!articolo.ModificaArticolo(IDArticolo_).riferisci(desktop())) {
             desktop().inform("Errore nella variazione dei dati. Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);
             vaiAlCampoErrato();
             return false;
         }
         mostra(articolo);
-        if (!RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro)) {
+        if (!registraPrezzi(IDArticolo_)) {
             return false;
         }
-        CaricaPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+        mostraPrezzi();
+        ricordaContenuto();
         return true;
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmVariazioneArticolo",

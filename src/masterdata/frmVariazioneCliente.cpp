@@ -13,7 +13,6 @@ using namespace anagrafica;
 namespace {
 constexpr const char* titoloCliente = "Cliente";
 constexpr const char* modulo = "Modulo: frmVariazioneCliente";
-constexpr int tabellaClienti = 0;
 }  // namespace
 
 frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
@@ -78,6 +77,19 @@ void frmVariazioneCliente::onLoad()
     }
 }
 
+void frmVariazioneCliente::onActivate()
+{
+    SchedaCliente::onActivate();
+    if (caricato_) {
+        lblModalitaPagamento.setCaption(DescrizioneModalitaPagamento(sessione(), caricato_->IDpagamento));
+    }
+}
+
+std::string frmVariazioneCliente::contenuto() const
+{
+    return fieldContents({&Combo2, &txtCercaCliente});
+}
+
 void frmVariazioneCliente::onKeyDown(KeyEvent& evento)
 {
     if (evento.key == Key::f3) {
@@ -91,17 +103,18 @@ void frmVariazioneCliente::Ricerca()
     std::int32_t id = IDCliente;
     IDCliente = 0;
     if (id <= 0) {
-        id = RicercaClientiFornitori(sessione(), tabellaClienti, txtCercaCliente.text(), Combo2.listIndex());
+        // The lit option is the kind that is searched, whatever another window has set meanwhile.
+        sessione().TipoAnagraficaCorrente = tipoScelto();
+        id = RicercaClientiFornitori(sessione(), TabellaAnagrafica::clienti, txtCercaCliente.text(),
+                                     static_cast<CampoAnagrafica>(Combo2.listIndex()));
     }
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", titoloCliente);
         txtCercaCliente.setFocus();
-        txtCercaCliente.selectAll();
-    } else if (id == ricerca::annullata) {
-        txtCercaCliente.selectAll();
-    } else {
+    } else if (id != ricerca::annullata) {
         carica(id);
     }
+    txtCercaCliente.selectAll();
 }
 
 void frmVariazioneCliente::carica(std::int32_t id)
@@ -112,7 +125,7 @@ void frmVariazioneCliente::carica(std::int32_t id)
     txtCercaCliente.setText(cercato);
     Combo2.setListIndex(chiave);
     clsCliente letto(sessione());
-    if (!letto.RichiamaCliente(id)) {
+    if (!letto.RichiamaCliente(id).riferisci(desktop())) {
         return;
     }
     // Saving rewrites the destinations from the list: a party whose list could not be read must not be there to save.
@@ -123,6 +136,7 @@ void frmVariazioneCliente::carica(std::int32_t id)
     caricato_.emplace(letto);
     mostra(letto);
     lblModalitaPagamento.setCaption(pagamento);
+    ricordaContenuto();
     fuocoSuPagina();
 }
 
@@ -146,6 +160,7 @@ void frmVariazioneCliente::svuota()
     caricato_.reset();
     lblModalitaPagamento.setCaption({});
     Combo2.setListIndex(0);
+    ricordaContenuto();
 }
 
 bool frmVariazioneCliente::puoAggiungere()
@@ -167,7 +182,7 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
                          titolo);
         return false;
     }
-    if (!desktop().ask("Vuoi eliminare la riga selezionata?", titolo)) {
+    if (!desktop().askBeforeLosing("Vuoi eliminare la riga selezionata?", titolo)) {
         return false;
     }
     sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDDestinazione=" + std::to_string(id));
@@ -177,7 +192,7 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
 // False after having told the failure.
 bool frmVariazioneCliente::registra(clsCliente& dati)
 {
-    if (dati.ModificaCliente(caricato_->IDCliente)) {
+    if (dati.ModificaCliente(caricato_->IDCliente).riferisci(desktop())) {
         return RegistraDestinazioniMerce();
     }
     desktop().inform("Errore nella variazione dei dati!", titoloCliente);
@@ -208,7 +223,7 @@ void frmVariazioneCliente::Aggiorna()
         return;
     }
     clsCliente dati = *caricato_;
-    if (!controllaDatiEssenziali() || !leggi(dati) || !registra(dati)) {
+    if (!controllaDatiEssenziali() || !leggi(dati) || !proseguiSenzaDestinazione() || !registra(dati)) {
         return;
     }
     Annuncia(sessione(), "Anagrafica aggiornata");
