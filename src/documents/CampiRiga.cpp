@@ -42,7 +42,7 @@ private:
 
 }  // namespace
 
-CampiRiga::CampiRiga(Sessione& sessione, std::string titolo) : sessione_(sessione), titolo_(std::move(titolo))
+CampiRiga::CampiRiga(Sessione& sessione, RegoleCampi regole) : sessione_(sessione), regole_(std::move(regole))
 {
     add("fraDettagli", fraDettagli);
     add("txtCodiceArticolo", txtCodiceArticolo);
@@ -242,7 +242,7 @@ void CampiRiga::nuovaRiga()
 
 void CampiRiga::avverti(const std::string& testo, Control& campo)
 {
-    sessione_.desktop().inform(testo, titolo_);
+    sessione_.desktop().inform(testo, regole_.titolo);
     campo.setFocus();
 }
 
@@ -285,6 +285,26 @@ bool CampiRiga::ControllaRiga()
     return true;
 }
 
+bool CampiRiga::controllaCarico()
+{
+    if (trim(txtCodiceArticolo.text()).empty() || trim(txtQuantita.text()).empty()) {
+        avverti("Attenzione! Mancano alcuni dati.",
+                trim(txtCodiceArticolo.text()).empty() ? txtCodiceArticolo : txtQuantita);
+        return false;
+    }
+    if (!isNumeric(txtQuantita.text())) {
+        avverti("Attenzione! Quantita' articolo errata!", txtQuantita);
+        return false;
+    }
+    if (trim(txtPrezzo.text()).empty())
+        txtPrezzo.setText("0");
+    if (!isNumeric(trim(txtPrezzo.text()))) {
+        avverti("Attenzione! Prezzo articolo errato!", txtPrezzo);
+        return false;
+    }
+    return true;
+}
+
 bool CampiRiga::RigaSpeciale() const
 {
     const std::string codiceRiga = upper(txtCodiceArticolo.text());
@@ -295,7 +315,8 @@ bool CampiRiga::RigaSpeciale() const
 
 std::optional<RigaDocumento> CampiRiga::rigaControllata()
 {
-    if (!ControllaRiga())
+    const bool completa = regole_.controllo == RegoleCampi::Controllo::vendita ? ControllaRiga() : controllaCarico();
+    if (!completa)
         return std::nullopt;
     try {
         return leggi();
@@ -321,7 +342,7 @@ RigaDocumento CampiRiga::leggi() const
     riga.totaleScritto = txtTotaleRiga.text();
     riga.TotaleRiga = aCentesimi(CalcolaTotaleRiga(riga.Quantita, riga.PrezzoUnitario, Sconto).totale);
     riga.CodiceIva = left(cmbIva.text(), 1);
-    riga.IDCodiceIva = cmbIva.itemData();
+    riga.IDCodiceIva = cmbIva.listIndex() < 0 ? 0 : cmbIva.itemData();
     return riga;
 }
 
@@ -378,7 +399,8 @@ bool CampiRiga::codiceDaCercare() const
 void CampiRiga::cercaArticolo(int modo)
 {
     if (modo == perCodice && txtCodiceArticolo.text() == righe::codiceTesto) {
-        sessione_.desktop().inform("Impossibile effettuare la ricerca. Verificare il codice inserito!", titolo_);
+        sessione_.desktop().inform("Impossibile effettuare la ricerca. Verificare il codice inserito!",
+                                   regole_.titoloRicerca);
         return;
     }
     ImpostaArticolo(modo);

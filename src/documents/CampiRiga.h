@@ -24,11 +24,19 @@ struct CondizioniCliente {
     bool esente = false;                   // from VAT
 };
 
+// What differs between the screens in the entry of one row.
+struct RegoleCampi {
+    std::string titolo;         // of the boxes
+    std::string titoloRicerca;  // of the box for a code that is none to search for
+    // What a row must have: on a sale all of code, description, unit, a quantity other than 0, a price and a VAT code;
+    // on goods received code and quantity.
+    enum class Controllo { vendita, carico } controllo = Controllo::vendita;
+};
+
 // The entry fields of one row: what is typed, the article search, the row's arithmetic.
 class CampiRiga final : public ControlGroup {
 public:
-    // `titolo`: of the boxes.
-    CampiRiga(Sessione& sessione, std::string titolo);
+    CampiRiga(Sessione& sessione, RegoleCampi regole);
 
     Frame fraDettagli{"Righe"};
     TextBox txtCodiceArticolo{14};
@@ -74,6 +82,7 @@ private:
     void collega();
     // In the order of the fields; what is missing is told and gets the focus.
     [[nodiscard]] bool ControllaRiga();
+    [[nodiscard]] bool controllaCarico();
     [[nodiscard]] RigaDocumento leggi() const;  // after `ControllaRiga`; Errore 6 for an amount out of range
     void ImpostaArticolo(int modo);
     void cercaArticolo(int modo);
@@ -85,7 +94,7 @@ private:
     void zoomDescrizione();
 
     Sessione& sessione_;
-    std::string titolo_;
+    RegoleCampi regole_;
     CondizioniCliente condizioni_;
     std::int32_t idListino_ = 0;
     std::int32_t idArticolo_ = righe::libera;

@@ -21,10 +21,10 @@ constexpr const char* troppiCodici =
 
 }  // namespace
 
-EditorRighe::EditorRighe(Sessione& sessione, RegoleRighe regole, ColonneGriglia colonne)
-    : campi(sessione, regole.titolo),
-      griglia(std::move(colonne)),
-      totali(sessione),
+EditorRighe::EditorRighe(Sessione& sessione, RegoleRighe regole, Forma forma)
+    : campi(sessione, std::move(forma.campi)),
+      griglia(std::move(forma.colonne)),
+      totali(sessione, forma.gruppi),
       sessione_(sessione),
       regole_(std::move(regole))
 {
@@ -131,6 +131,8 @@ void EditorRighe::tastoElenco(KeyEvent& evento)
 
 void EditorRighe::comando(int indice)
 {
+    if (regole_.puoComandare && !regole_.puoComandare())
+        return;
     switch (static_cast<std::size_t>(indice)) {
     case comandoAggiungi:
         return aggiungi();
@@ -174,18 +176,22 @@ void EditorRighe::AggiungiDettaglio()
         campi.txtCodiceArticolo.setText({});
         return;
     }
-    const std::optional<RigaDocumento> nuova = campi.rigaControllata();
+    std::optional<RigaDocumento> nuova = campi.rigaControllata();
     if (!nuova)
         return;
-    if (TroppiCodiciIVA(nuova->IDCodiceIva)) {
+    if (regole_.limiteCodiciIva && TroppiCodiciIVA(nuova->IDCodiceIva)) {
         if (regole_.ripetiAvvisoIva)
             sessione_.desktop().inform(troppiCodici, regole_.titolo);
         return;
     }
+    if (rigaPresa)
+        rigaPresa(*nuova, nullptr);
     griglia.aggiungi(*nuova, regole_.ritentaChiave);
     campi.nuovaRiga();
     campi.riprendiSconti();
     campi.riprendiListino();
+    if (rigaMostrata)
+        rigaMostrata(nullptr);
     campi.txtCodiceArticolo.setFocus();
     AggiornaTotali();
 }
@@ -211,6 +217,8 @@ void EditorRighe::ModificaDettaglio()
         cmdDettagli[comandoModifica].setCaption("Aggiorna");
         cmdDettagli[comandoElimina].setCaption("Annulla");
         campi.mostra(riga, regole_.soloImporti && regole_.soloImporti(riga));
+        if (rigaMostrata)
+            rigaMostrata(&riga);
         if (statoCambiato)
             statoCambiato();
         (riga.commento() ? campi.txtDescrizione : campi.txtQuantita).setFocus();
@@ -241,6 +249,8 @@ void EditorRighe::AggiornaDettaglio()
         cambiata = campi.leggiCommento();
     const std::size_t posizione = rigaInModifica_.value();
     const bool eraCommento = griglia.riga(posizione).commento();
+    if (rigaPresa)
+        rigaPresa(*cambiata, &griglia.riga(posizione));
     griglia.cambia(posizione, *cambiata);
     comandiNormali();
     if (!eraCommento || !commento)
@@ -263,6 +273,8 @@ void EditorRighe::comandiNormali()
     griglia.lvwDettagli.setEnabled(true);
     campi.riprendiSconti();
     campi.riprendiListino();
+    if (rigaMostrata)
+        rigaMostrata(nullptr);
     if (statoCambiato)
         statoCambiato();
     campi.txtCodiceArticolo.setFocus();

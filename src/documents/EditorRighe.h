@@ -23,18 +23,26 @@ struct RegoleRighe {
     std::string moduloEliminazione;  // the module named when a removal fails
     bool ritentaChiave = false;      // a running key that a loaded row holds already gives way to a further one
     bool unitaIntere = false;        // units of measure are kept whole; else their first two letters
+    bool limiteCodiciIva = true;     // no sixth VAT code is added
     bool ripetiAvvisoIva = false;    // too many VAT codes are told a second time, in a box of the screen
 
-    std::function<bool()> puoAggiungere;                      // false: told already, nothing is added
-    std::function<bool()> puoAggiungereArticolo;              // asked for a normal row only
-    std::function<bool(const RigaDocumento&)> puoModificare;  // false: told already
-    std::function<bool(const RigaDocumento&)> soloImporti;    // code and description stay as they are
+    std::function<bool()> puoAggiungere = {};                      // false: told already, nothing is added
+    std::function<bool()> puoComandare = {};                       // the same for all three row commands
+    std::function<bool()> puoAggiungereArticolo = {};              // asked for a normal row only
+    std::function<bool(const RigaDocumento&)> puoModificare = {};  // false: told already
+    std::function<bool(const RigaDocumento&)> soloImporti = {};    // code and description stay as they are
 };
 
 // The row editor shared by the document screens: entry fields, rows, row commands and totals.
 class EditorRighe final : public ControlGroup {
 public:
-    EditorRighe(Sessione& sessione, RegoleRighe regole, ColonneGriglia colonne = colonneVendita());
+    // How the rows are entered, shown and totalled.
+    struct Forma {
+        RegoleCampi campi;
+        ColonneGriglia colonne = colonneVendita();
+        clsCalcoli::Gruppi gruppi = clsCalcoli::Gruppi::perCodice;
+    };
+    EditorRighe(Sessione& sessione, RegoleRighe regole, Forma forma);
 
     CampiRiga campi;
     std::array<Button, 3> cmdDettagli{Button{"Aggiungi"}, Button{"Modifica"}, Button{"Elimina"}};
@@ -52,6 +60,10 @@ public:
     [[nodiscard]] bool righeConcluse();
     // Called when the row-edit state begins or ends.
     std::function<void()> statoCambiato;
+    // A row is taken from the fields: the one that it takes the place of, nullptr for a new one.
+    std::function<void(RigaDocumento& nuova, const RigaDocumento* vecchia)> rigaPresa;
+    // The row whose change begins; nullptr: the fields are for a new one again.
+    std::function<void(const RigaDocumento* riga)> rigaMostrata;
 
     // Once, when the screen is loaded: the combos filled, no rows, the fields as on a new row.
     void inizializza();

@@ -18,45 +18,89 @@ SubItem testo(std::string valore)
     return {std::move(valore), {}};
 }
 
-ColonnaGriglia sconto(const char* titolo, const char* chiave, std::size_t indice)
+ColonnaGriglia codice()
 {
-    return {{titolo, chiave, 500, Align::right},
-            [indice](const RigaDocumento& riga) { return testo(numberText(riga.Sconti[indice])); }};
+    return {{"Cod.", "cCodice", larghezzaPredefinita, Align::left},
+            [](const RigaDocumento& riga) {
+                return SubItem{riga.CodiceArticolo, std::to_string(riga.IDArticolo)};
+            },
+            true};
+}
+
+ColonnaGriglia descrizione()
+{
+    return {{"Desc.", "cDescrizione", 3000, Align::left},
+            [](const RigaDocumento& riga) {
+                return SubItem{riga.Descrizione, riga.commento() ? std::string() : riga.UnitaMisura};
+            },
+            true};
+}
+
+ColonnaGriglia quantita()
+{
+    return {{"Q.", "cQuatita", 500, Align::right}, [](const RigaDocumento& riga) {
+                return testo(riga.quantitaScritta.empty() ? numberText(riga.Quantita) : riga.quantitaScritta);
+            }};
+}
+
+ColonnaGriglia prezzo()
+{
+    return {{"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right}, [](const RigaDocumento& riga) {
+                return testo(riga.prezzoScritto.empty() ? FormattaImporto(riga.PrezzoUnitario) : riga.prezzoScritto);
+            }};
+}
+
+// `zero`: what stands for no discount.
+ColonnaGriglia sconto(const char* titolo, const char* chiave, std::size_t indice, const char* zero)
+{
+    return {{titolo, chiave, 500, Align::right}, [indice, zero](const RigaDocumento& riga) {
+                return testo(riga.Sconti[indice] == 0 ? zero : numberText(riga.Sconti[indice]));
+            }};
+}
+
+ColonnaGriglia totale()
+{
+    return {{"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right}, [](const RigaDocumento& riga) {
+                return testo(riga.totaleScritto.empty() ? FormattaImporto(riga.TotaleRiga) : riga.totaleScritto);
+            }};
+}
+
+ColonnaGriglia codiceIva()
+{
+    return {{"C.Iva", "cIva", 400, Align::left}, [](const RigaDocumento& riga) {
+                return SubItem{riga.CodiceIva, std::to_string(riga.IDCodiceIva)};
+            }};
 }
 
 }  // namespace
 
 ColonneGriglia colonneVendita()
 {
-    return {{{"Cod.", "cCodice", larghezzaPredefinita, Align::left},
-             [](const RigaDocumento& riga) {
-                 return SubItem{riga.CodiceArticolo, std::to_string(riga.IDArticolo)};
-             },
-             true},
-            {{"Desc.", "cDescrizione", 3000, Align::left},
-             [](const RigaDocumento& riga) {
-                 return SubItem{riga.Descrizione, riga.commento() ? std::string() : riga.UnitaMisura};
-             },
-             true},
-            {{"Q.", "cQuatita", 500, Align::right},
-             [](const RigaDocumento& riga) {
-                 return testo(riga.quantitaScritta.empty() ? numberText(riga.Quantita) : riga.quantitaScritta);
-             }},
+    return {codice(),
+            descrizione(),
+            quantita(),
             {{"L.", "cListino", 500, Align::right}, [](const RigaDocumento& riga) { return testo(listinoDi(riga)); }},
-            {{"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right},
-             [](const RigaDocumento& riga) {
-                 return testo(riga.prezzoScritto.empty() ? FormattaImporto(riga.PrezzoUnitario) : riga.prezzoScritto);
-             }},
-            sconto("S1", "cSconto1", 0),
-            sconto("S2", "cSconto2", 1),
-            sconto("S3", "cSconto3", 2),
-            {{"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right},
-             [](const RigaDocumento& riga) {
-                 return testo(riga.totaleScritto.empty() ? FormattaImporto(riga.TotaleRiga) : riga.totaleScritto);
-             }},
-            {{"C.Iva", "cIva", 400, Align::left}, [](const RigaDocumento& riga) {
-                 return SubItem{riga.CodiceIva, std::to_string(riga.IDCodiceIva)};
-             }}};
+            prezzo(),
+            sconto("S1", "cSconto1", 0, "0"),
+            sconto("S2", "cSconto2", 1, "0"),
+            sconto("S3", "cSconto3", 2, "0"),
+            totale(),
+            codiceIva()};
+}
+
+ColonneGriglia colonneCarico()
+{
+    return {
+        codice(),
+        descrizione(),
+        quantita(),
+        prezzo(),
+        sconto("S1", "cSconto1", 0, "-"),
+        sconto("S2", "cSconto2", 1, "-"),
+        sconto("S3", "cSconto3", 2, "-"),
+        totale(),
+        {{"Agg.", "cAggiornato", 500, Align::left}, [](const RigaDocumento& riga) { return testo(riga.Aggiornato); }},
+        codiceIva()};
 }
 
 std::vector<ListColumn> intestazioni(const ColonneGriglia& colonne)

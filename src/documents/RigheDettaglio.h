@@ -21,6 +21,9 @@ using ColonneGriglia = std::vector<ColonnaGriglia>;
 // measure, of the VAT code its id.
 [[nodiscard]] ColonneGriglia colonneVendita();
 
+// Of goods received: no price list, the total in column 7, the stock's mark in column 8, "-" for no discount.
+[[nodiscard]] ColonneGriglia colonneCarico();
+
 [[nodiscard]] std::vector<ListColumn> intestazioni(const ColonneGriglia& colonne);
 // Comment rows are drawn in blue.
 [[nodiscard]] ListRow disegna(const ColonneGriglia& colonne, const RigaDocumento& riga, std::string chiave);

@@ -8,7 +8,7 @@ namespace bravona {
 SchermataDocumento::SchermataDocumento(Sessione& sessione, const Nomi& nomi, RegoleRighe regole)
     : Form(sessione.desktop(), nomi.schermata, nomi.titolo),
       schede(nomi.pagine),
-      righe(sessione, std::move(regole)),
+      righe(sessione, std::move(regole), {.campi = {.titolo = nomi.titolo, .titoloRicerca = nomi.titolo}}),
       cliente(sessione, nomi.titolo, nomi.chiamante),
       cmdDocumento{Button{nomi.comandi[0]}, Button{nomi.comandi[1]}, Button{nomi.comandi[2]}},
       sessione_(sessione),

@@ -6,7 +6,9 @@
 
 namespace bravona {
 
-TotaliDocumento::TotaliDocumento(Sessione& sessione) : sessione_(sessione), calcoli_(*sessione.TabellaIva)
+TotaliDocumento::TotaliDocumento(Sessione& sessione, clsCalcoli::Gruppi gruppi)
+    : sessione_(sessione),
+      calcoli_(*sessione.TabellaIva, gruppi)
 {
     add("fraTotali", fraTotali);
     add("txtNumeroRighe", txtNumeroRighe);

@@ -14,7 +14,7 @@ namespace bravona {
 // The totals of the document on the screen, and the engine behind them.
 class TotaliDocumento final : public ControlGroup {
 public:
-    explicit TotaliDocumento(Sessione& sessione);
+    explicit TotaliDocumento(Sessione& sessione, clsCalcoli::Gruppi gruppi = clsCalcoli::Gruppi::perCodice);
 
     Frame fraTotali{"Totali"};
     TextBox txtNumeroRighe{6};

@@ -38,8 +38,9 @@ void clsCalcoli::Calcola(std::span<const RigaDocumento> righe)
             continue;
         ++righeValide_;
         voci += riga.TotaleRiga;
-        GruppoIVA& gruppo = gruppoDi(riga.CodiceIva);
-        gruppo.Codice = riga.CodiceIva;
+        const std::string codice = raggruppamento_ == Gruppi::unico ? std::string() : riga.CodiceIva;
+        GruppoIVA& gruppo = gruppoDi(codice);
+        gruppo.Codice = codice;
         gruppo.Aliquota = tabellaIva_.GetValoreAliquotaIvaFromCodice(riga.CodiceIva);
         gruppo.Imponibile += riga.TotaleRiga;
         // On the group's sum, never row by row.

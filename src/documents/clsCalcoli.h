@@ -16,7 +16,14 @@ class clsCalcoli {
 public:
     static constexpr int numeroGruppi = numeroGruppiIva;
 
-    explicit clsCalcoli(const TabellaCodiciIva& tabellaIva) : tabellaIva_(tabellaIva) {}
+    // How rows fall into groups: each code its own, or, as on goods received, all of them one without a code, which
+    // takes the rate of its last row.
+    enum class Gruppi { perCodice, unico };
+
+    explicit clsCalcoli(const TabellaCodiciIva& tabellaIva, Gruppi gruppi = Gruppi::perCodice)
+        : tabellaIva_(tabellaIva),
+          raggruppamento_(gruppi)
+    {}
 
     // Errore 9 for a sixth VAT code, 6 for totals out of range.
     void Calcola(std::span<const RigaDocumento> righe);
@@ -49,6 +56,7 @@ private:
     GruppoIVA& gruppoDi(const std::string& codice);  // PosizioneGruppoIVA
 
     const TabellaCodiciIva& tabellaIva_;
+    Gruppi raggruppamento_;
     GruppiIVA gruppi_;
     std::int16_t righeValide_ = 0;
     Currency voci_;

@@ -15,14 +15,6 @@ std::string condizione(const ScaricoDovuto& scarico)
            " AND IDDocumento=" + std::to_string(scarico.idDocumento);
 }
 
-std::string traVirgolette(const std::string& codice)
-{
-    std::string testo = "\"";
-    for (const char c : codice)
-        testo += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return testo + "\"";
-}
-
 void scaricaRiga(Connection& cn, const RigaDocumento& riga, Date data)
 {
     Recordset articolo =
@@ -30,9 +22,11 @@ void scaricaRiga(Connection& cn, const RigaDocumento& riga, Date data)
                 "Giacenza,ScaricoValore FROM Articoli WHERE CodiceMagazzino = " +
                     traVirgolette(riga.CodiceArticolo),
                 OpenMode::updatable);
-    Giacenza stock{articolo["Carico"].doubleOr(0),           articolo["Scarico"].doubleOr(0),
-                   articolo["Giacenza"].doubleOr(0),         {},
-                   articolo["ScaricoValore"].currencyOr({}), {}};
+    Giacenza stock;
+    stock.carico = articolo["Carico"].doubleOr(0);
+    stock.scarico = articolo["Scarico"].doubleOr(0);
+    stock.giacenza = articolo["Giacenza"].doubleOr(0);
+    stock.scaricoValore = articolo["ScaricoValore"].currencyOr({});
     scarica(stock, riga, data);
     articolo["CostoUltimo"] = stock.costoUltimo;
     articolo["Carico"] = stock.carico;
@@ -49,6 +43,14 @@ void cancellaNota(Connection& cn, const ScaricoDovuto& scarico)
 }
 
 }  // namespace
+
+std::string traVirgolette(const std::string& codice)
+{
+    std::string testo = "\"";
+    for (const char c : codice)
+        testo += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return testo + "\"";
+}
 
 void annotaScarico(Connection& cn, const ScaricoDovuto& scarico)
 {

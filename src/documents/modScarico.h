@@ -16,6 +16,9 @@ struct ScaricoDovuto {
     std::int16_t tipoDocumento = 0;
     std::int32_t idDocumento = 0;
 };
+// A code as the statements that look for an article quote it.
+[[nodiscard]] std::string traVirgolette(const std::string& codice);
+
 void annotaScarico(Connection& cn, const ScaricoDovuto& scarico);
 
 // Takes the rows of the document from the stock and clears its note, in a transaction of its own. Comment rows move

@@ -37,6 +37,9 @@
 #include "session/frmSplash.h"
 #include "session/frmStartup.h"
 #include "session/modMain.h"
+#include "warehouse/frmModificaMovimentiMagazzino.h"
+#include "warehouse/frmRegistraMovimentiMagazzino.h"
+#include "warehouse/frmVisualizzaMovimentiMagazzino.h"
 
 namespace bravona {
 
@@ -100,6 +103,10 @@ void Programma::registraSchermate()
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");
+
+    registra<frmRegistraMovimentiMagazzino>(sessione_, "frmRegistraMovimentiMagazzino");
+    registra<frmModificaMovimentiMagazzino>(sessione_, "frmModificaMovimentiMagazzino");
+    registra<frmVisualizzaMovimentiMagazzino>(sessione_, "frmVisualizzaMovimentiMagazzino");
 
     registra<frmBackup>(sessione_, "frmBackup");
     registra<FRM_Backup>(sessione_, "FRM_Backup");
