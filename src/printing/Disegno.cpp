@@ -44,7 +44,8 @@ ReportControl Etichetta(std::string nome, std::string testo, Posto posto, Stile 
 
 ReportControl Intestazione(std::string nome, std::string testo, Posto posto, Align allineamento)
 {
-    ReportControl controllo = Etichetta(std::move(nome), std::move(testo), posto, {7.5, 6.5, true, allineamento});
+    ReportControl controllo =
+        Etichetta(std::move(nome), std::move(testo), posto, {7.5, puntiMinimi, true, allineamento});
     controllo.filled = true;
     controllo.fill = grigioIntestazione;
     return controllo;
@@ -95,9 +96,11 @@ void Casella(ReportSection& sezione, const std::string& nome, const std::string&
     constexpr double altezzaDidascalia = 3.4;
     sezione.controls.push_back(Riquadro(posto));
     const double larghezza = posto.larghezza - 2 * rientro;
-    sezione.controls.push_back(Etichetta(nome, didascalia,
-                                         {posto.x + rientro, posto.y + 0.5, larghezza, altezzaDidascalia},
-                                         {6.5, 5.5, false, Align::left, grigioDidascalia}));
+    if (!didascalia.empty()) {
+        sezione.controls.push_back(Etichetta(nome, didascalia,
+                                             {posto.x + rientro, posto.y + 0.5, larghezza, altezzaDidascalia},
+                                             {7, puntiMinimi, false, Align::left, grigioDidascalia}));
+    }
     if (!colonna.empty()) {
         const double sotto = 0.5 + altezzaDidascalia;
         sezione.controls.push_back(

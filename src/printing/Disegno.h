@@ -27,9 +27,12 @@ struct Posto {
     double x = 0, y = 0, larghezza = 0, altezza = 0;
 };
 
+// Nothing is set smaller: a text too long at this size ends in an ellipsis.
+inline constexpr double puntiMinimi = 7;
+
 struct Stile {
     double punti = 8.5;
-    double minimo = 0;  // a long text may shrink to this size
+    double minimo = puntiMinimi;  // a long text may shrink to this size
     bool nero = false;
     Align allineamento = Align::left;
     Colour colore = colours::black;
@@ -48,7 +51,7 @@ ReportControl Filo(double x, double y, double dx, double dy, Colour colore = gri
 
 // A box with its small caption, and a value under it when a column is given.
 void Casella(ReportSection& sezione, const std::string& nome, const std::string& didascalia, Posto posto,
-             const std::string& colonna = {}, Stile stile = {9, 6.5});
+             const std::string& colonna = {}, Stile stile = {9});
 
 // An empty report with the sections of a document (grouped on the page record) or of a list, in order.
 Report DocumentoVuoto(const std::string& nome, const std::string& titoloFinestra);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "printing/Disegno.h"
+#include "session/Sessione.h"
 
 namespace bravona {
 
@@ -20,7 +21,7 @@ struct ParoleTestata {
     std::string titolo;
     std::string numero;         // caption of the number
     std::string pagina;         // page token
-    std::string nomeProvincia;  // label of the firm's province; empty: none
+    std::string nomeProvincia;  // label of the firm's province
     bool registro = false;
     bool pagamento = false;
 };
@@ -29,8 +30,11 @@ struct ParoleTestata {
 // numbers.
 void DisegnaTestata(Report& report, const ParoleTestata& testata);
 
-// The firm's province is no part of what a logo replaces: it goes beside the register.
-void SpostaProvincia(ReportSection& testata);
+// The firm's postcode before its town, unless it was written there.
+void ImpostaCap(ReportSection& testata, const DatiDitta& ditta);
+// What the law wants to read on an invoice stands beneath a logo as letters: name, VAT number and the province, which
+// is no part of what a logo replaces.
+void ImpostaDatiLegali(ReportSection& testata, const DatiDitta& ditta);
 
 struct ColonnaRighe {
     std::string etichetta;  // control of the heading
@@ -39,7 +43,6 @@ struct ColonnaRighe {
     Align intestazione;
     Align allineamento;
     std::vector<std::string> colonne;  // bound columns that share it
-    double minimo = 6.5;               // size to which its text may shrink
 };
 
 // Headings in "H" and rows in "D", with their rules. `altezzaRiga` times `righe` must leave room for the footer.

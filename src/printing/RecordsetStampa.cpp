@@ -92,28 +92,20 @@ struct Colonna {
     std::size_t posto;
 };
 
-std::string TestoForma(const std::vector<Colonna>& colonne)
+// A page for each record: fixed columns, those of the query that are no row's, and the rows in a chapter.
+DeclaredSet Forma(const std::vector<Colonna>& colonne)
 {
-    std::string forma =
-        "SHAPE APPEND  New adVarChar(10) As IDdb,New adVarChar(255) As NumeroDoc,New adVarChar(255) As NumeroReg,"
-        "New adVarChar(255) As RagioneSociale,New adVarChar(255) As RagioneSociale2,"
-        "New adVarChar(255) As azIndirizzo,New adVarChar(255) As azCitta,"
-        "New adVarChar(255) As azFax,New adVarChar(255) As azTelefono,New adVarChar(255) As azProv,"
-        "New adVarChar(255) As azPartitaIva,New adVarChar(255) As lblCittaProvincia,"
-        "New adVarChar(255) As lblDestinazioneMerceIndirizzo,New adVarChar(255) As lblDestinazioneMerceCitta,"
-        "New adVarChar(255) As SEGUE,New adVarChar(255) As txtTotaleLire,";
-    const auto aggiungi = [&](bool diRiga) {
-        for (const Colonna& colonna : colonne) {
-            if (DiRiga(colonna.parte) == diRiga) {
-                forma += " New adVarChar(255) As [" + colonna.nome + "],";
-            }
-        }
-    };
-    aggiungi(false);
-    forma += "((SHAPE APPEND New adVarChar(10) As IDdb, ";
-    aggiungi(true);
-    forma.pop_back();
-    return forma + ") RELATE IDdb to IDdb) As Child";
+    const DeclaredColumn pagina{"IDdb", 10};
+    DeclaredSet forma{{pagina}, {{"Child", "IDdb", "IDdb", {{pagina}, {}}}}};
+    for (const char* nome : {"NumeroDoc", "NumeroReg", "RagioneSociale", "RagioneSociale2", "azIndirizzo", "azCitta",
+                             "azFax", "azTelefono", "azProv", "azPartitaIva", "lblCittaProvincia",
+                             "lblDestinazioneMerceIndirizzo", "lblDestinazioneMerceCitta", "SEGUE", "txtTotaleLire"}) {
+        forma.columns.push_back({nome});
+    }
+    for (const Colonna& colonna : colonne) {
+        (DiRiga(colonna.parte) ? forma.chapters[0].rows : forma).columns.push_back({colonna.nome});
+    }
+    return forma;
 }
 
 class Impaginazione {
@@ -125,7 +117,7 @@ public:
             colonne_.push_back({colonne[i].name, ParteDi(colonne[i].name), i});
         }
         pagine_ = NumeroPagine(Value(static_cast<std::int64_t>(origine.recordCount())).toInt(), righePerPagina);
-        risultato_ = Recordset::declare(TestoForma(colonne_));
+        risultato_ = Recordset::declare(Forma(colonne_));
     }
 
     Recordset Componi(const DatiDitta& ditta, const std::string& numeroDoc, const std::string& numeroReg,

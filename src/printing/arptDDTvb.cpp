@@ -12,12 +12,13 @@ Report arptDDTvb()
     testata.titolo = "DOCUMENTO DI TRASPORTO";
     testata.numero = "N. Documento";
     testata.pagina = "%p di %P";
+    testata.nomeProvincia = "Label33";
     DisegnaTestata(report, testata);
     DisegnaRighe(report,
                  {
                      {"Label13", " Codice articolo", 36, Align::left, Align::left, {"CodiceArticolo"}},
-                     {"Label14", " Descrizione articolo", 118, Align::left, Align::left, {"Descrizione"}, 5},
-                     {"Label15", "UM", 12, Align::centre, Align::centre, {"UnitaMisura"}, 5.5},
+                     {"Label14", " Descrizione articolo", 118, Align::left, Align::left, {"Descrizione"}},
+                     {"Label15", "UM", 12, Align::centre, Align::centre, {"UnitaMisura"}},
                      {"Label16", "QT", 24, Align::centre, Align::right, {"Quantita"}},
                  },
                  righeDDT, 3.7, 8.5);

@@ -91,6 +91,7 @@ StampaDocumento Prepara(Sessione& sessione, Report report, const std::string& in
     const RigheIndirizzo indirizzo = Indirizzo(documento);
     StampaDocumento stampa;
     stampa.report = std::move(report);
+    ImpostaCap(stampa.report["H"], sessione.DatiDitta);
     stampa.nomeFile = nomeFile({tipo, std::to_string(numero), sessione.AnnoRiferimento, documento["Cliente"].text()});
     stampa.dati = CostruisciRecordsetStampa(documento, sessione.DatiDitta, std::to_string(numero),
                                             std::to_string(registro), indirizzo, static_cast<std::int16_t>(righe));
@@ -128,7 +129,8 @@ void ImpostaLogoDocumento(const Sessione& sessione, Report& report)
         testata[nome].visible = !logo;
     }
     if (logo) {
-        SpostaProvincia(testata);
+        testata["lblCap"].visible = false;
+        ImpostaDatiLegali(testata, sessione.DatiDitta);
     }
 }
 

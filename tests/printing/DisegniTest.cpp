@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "printing/Disegno.h"
 #include "printing/arptDDTvb.h"
 #include "printing/arptFatturaDifferitavb.h"
 #include "printing/arptFatturaImmediatavb.h"
@@ -88,6 +89,11 @@ TEST_P(Disegni, keepEveryTextInItsPlaceHoweverLong)
     ASSERT_EQ(foglio.pages.size(), 3U);
     for (const Page& page : foglio.pages) {
         controllaPagina(page, foglio);
+        for (const Primitive& primitive : page.primitives) {
+            if (const auto* testo = std::get_if<TextPrimitive>(&primitive)) {
+                EXPECT_GE(testo->points, puntiMinimi) << testo->control << " \"" << testo->text << '"';
+            }
+        }
     }
 }
 

@@ -23,6 +23,9 @@ protected:
         sessione.ElencoRegistri = {"", "(1) - Principale", "(2) - Secondo"};
         sessione.DatiDitta.RagioneSocialeRiga1 = "Colorificio Bianchi";
         sessione.DatiDitta.Provincia = "TO";
+        sessione.DatiDitta.Citta = "Torino";
+        sessione.DatiDitta.Cap = "10146";
+        sessione.DatiDitta.PartitaIva = "07654321001";
         esegui("INSERT INTO Clienti (IDCliente, Cliente, ClienteSecondaRiga, Indirizzo, Citta, Provincia, Cap, Stato, "
                "PartitaIva, Banca) VALUES (7, 'Rossi', 'di Mario', 'Via Po 1', 'Torino', 'TO', '10100', 'Italia', "
                "'01234567890', 'Banca di Novara')");
@@ -99,6 +102,11 @@ TEST_F(Stampe, aTransportDocumentDropsItsInvoiceOnlyRowsAndNamesTheCountry)
     EXPECT_EQ(printedText(page, "lblDestinazioneMerceCitta"), "I D E M");
     EXPECT_EQ(printedText(page, "DataF"), "15/01/2004");
     EXPECT_EQ(printedText(page, "RagioneSociale"), "Colorificio Bianchi");
+    EXPECT_EQ(printedText(page, "lblCap"), "10146");
+    EXPECT_EQ(printedText(page, "azCitta"), "Torino");
+    EXPECT_EQ(printedText(page, "Label45"), "P. IVA :");
+    EXPECT_EQ(printedText(page, "Label33"), "Prov.:");
+    EXPECT_EQ(printedText(page, "Label46"), "");  // no telephone, no caption
 }
 
 TEST_F(Stampe, anImmediateInvoiceIsModalAndLeavesOutTheCountry)
@@ -187,9 +195,16 @@ TEST_F(Stampe, theLogoReplacesTheFirmsBlockFromTheNextPrintOn)
         EXPECT_TRUE(senza["H"][nome].visible) << nome;
         EXPECT_FALSE(con["H"][nome].visible) << nome;
     }
-    // The province stays, clear of the picture.
+    // Name, VAT number and province stay as letters, clear of the picture.
+    EXPECT_FALSE(senza["H"]["lblDatiLegali"].visible);
+    ReportControl& legali = con["H"]["lblDatiLegali"];
+    EXPECT_TRUE(legali.visible);
+    EXPECT_EQ(legali.caption, "Colorificio Bianchi - P. IVA : 07654321001");
     EXPECT_TRUE(con["H"]["Text68"].visible);
-    EXPECT_GT(con["H"]["Label5"].left, con["H"]["image1"].left + con["H"]["image1"].width);
+    EXPECT_GT(con["H"]["Label5"].left, legali.left);
+    for (const char* nome : {"lblDatiLegali", "Label5", "Text68"}) {
+        EXPECT_GT(con["H"][nome].top, con["H"]["image1"].top + con["H"]["image1"].height) << nome;
+    }
     testata("Bolle", 1, 12);
     riga("Bolle", 1, "A1");
     EXPECT_FALSE(PreparaDDT(sessione, 12, 1).report["H"]["image1"].visible);

@@ -63,13 +63,17 @@ std::vector<std::pair<std::string, std::string>> valori(const DocumentoDiProva& 
 
 }  // namespace
 
+std::vector<std::pair<std::string, std::string>> DocumentoDiProva::colonne() const
+{
+    return valori(*this, 0);
+}
+
 Recordset DocumentoDiProva::apri() const
 {
-    std::string forma = "SHAPE APPEND ";
-    for (const auto& [nome, valore] : valori(*this, 0)) {
-        forma += "New adVarChar(255) As [" + nome + "],";
+    DeclaredSet forma;
+    for (const auto& [nome, valore] : colonne()) {
+        forma.columns.push_back({nome});
     }
-    forma.pop_back();
     Recordset documento = Recordset::declare(forma);
     for (int i = 0; i < righe; ++i) {
         documento.addNew();
@@ -101,7 +105,7 @@ Pages pagineDi(const Report& report, int righePerPagina, const DocumentoDiProva&
     ditta.PartitaIva = testo("07654321001");
     Recordset origine = documento.apri();
     Recordset stampa = CostruisciRecordsetStampa(
-        origine, ditta, "127", "1", {testo("10100 Torino (TO)"), testo("Via Roma, 2"), testo("10100 Torino (TO)")},
+        origine, ditta, "127", "1", {testo("10100 Torino (TO)"), testo("Via Roma, 2"), testo("10015 Ivrea (TO)")},
         static_cast<std::int16_t>(righePerPagina));
     return componi(report, stampa, *Date::parse("15/01/2004"));
 }

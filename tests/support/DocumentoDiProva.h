@@ -21,6 +21,8 @@ struct DocumentoDiProva {
     std::vector<std::pair<std::string, std::string>> altri = {};  // columns to set otherwise
 
     [[nodiscard]] Recordset apri() const;
+    // Its columns with what they hold in the first row.
+    [[nodiscard]] std::vector<std::pair<std::string, std::string>> colonne() const;
 };
 
 /// The design's pages for that document, for a firm whose texts are as long as the document's.

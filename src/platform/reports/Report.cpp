@@ -183,7 +183,7 @@ private:
                 image(page, control, x, y);
                 break;
             case ReportControl::Kind::label:
-                text(page, control, resolve(control.caption), x, y, detailRow);
+                text(page, control, stands(control, data) ? resolve(control.caption) : std::string(), x, y, detailRow);
                 break;
             case ReportControl::Kind::field:
                 text(page, control, data == nullptr ? std::string() : value(control, (*data)[bound.columns[i]]), x, y,
@@ -271,6 +271,11 @@ private:
         }
         const double fitting = std::floor(control.points * control.width / needed * 20.0) / 20.0;
         return std::max(fitting, control.minPoints);
+    }
+
+    static bool stands(const ReportControl& label, Recordset* data)
+    {
+        return label.onlyWith.empty() || data == nullptr || !(*data)[label.onlyWith].text().empty();
     }
 
     static std::string value(const ReportControl& control, const Field& field)

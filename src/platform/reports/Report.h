@@ -20,6 +20,7 @@ struct ReportControl {
     std::string alias;                             // a second name of the same control
     int left = 0, top = 0, width = 0, height = 0;  // of a line: the vector to its other end
     std::string caption;                           // label
+    std::string onlyWith;                          // label: the column without whose text it is not printed either
     std::string column;                            // field
     std::string path;                              // image; empty: nothing is painted
     double points = 9;

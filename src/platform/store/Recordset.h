@@ -59,6 +59,22 @@ struct ColumnInfo {
     std::string column;
 };
 
+// A set that no statement fills. Its columns hold text; longer text is cut to the declared length.
+struct DeclaredColumn {
+    std::string name;
+    std::size_t length = 255;
+};
+struct DeclaredChapter;
+struct DeclaredSet {
+    std::vector<DeclaredColumn> columns;
+    std::vector<DeclaredChapter> chapters;  // columns behind all others
+};
+// Child rows, under each row of the parent a set of their own; what they are related by they take from it.
+struct DeclaredChapter {
+    std::string name, parentColumn, childColumn;
+    DeclaredSet rows;
+};
+
 // A client-side, static record set: rows in memory, movement, and, when opened updatable, changes sent row by row
 // (`update`) or in one batch (`updateBatch`). A table opened by name to add rows reads none of them until a row is
 // asked for. Movable, not copyable. Every failure is an Errore with the store's number.
@@ -71,9 +87,10 @@ public:
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    // A disconnected set declared by a shape text: "SHAPE APPEND New adVarChar(10) As A, New adVarChar(255) As [B.C],
-    // ((SHAPE APPEND New adVarChar(10) As A, …) RELATE A to A) As Child". Columns hold text; longer text is cut to the
-    // declared length. Errore 3450 tells where a text is not understood.
+    // A disconnected set, empty, to which the program adds rows. Errore 3450 for a relation over an unknown column.
+    static Recordset declare(const DeclaredSet& declared);
+    // The same from a shape text: "SHAPE APPEND New adVarChar(10) As A, New adVarChar(255) As [B.C], ((SHAPE APPEND New
+    // adVarChar(10) As A, …) RELATE A to A) As Child". Errore 3450 tells where a text is not understood.
     static Recordset declare(std::string_view shapeText);
 
     [[nodiscard]] bool isOpen() const;

@@ -30,30 +30,19 @@ public:
         return shape;
     }
 
-    struct Declared {
-        std::vector<ColumnInfo> columns;  // chapters last
-        std::vector<std::size_t> lengths;
-        std::vector<Chapter> chapters;
-    };
-
-    Declared declaration()
+    DeclaredSet declaration()
     {
-        Declared d;
+        DeclaredSet d;
         const Depth depth(*this);
         needWord("shape", "attesa la parola shape");
         needWord("append", "attesa la parola append");
         do {
             if (takeSymbol('(')) {
-                chapter(d);
+                d.chapters.push_back(chapter());
             } else {
-                column(d);
+                d.columns.push_back(column());
             }
         } while (takeSymbol(','));
-        std::vector<ColumnInfo> all = d.columns;
-        for (const Chapter& c : d.chapters) {
-            all.push_back({c.name, FieldType::chapter, {}, {}});
-        }
-        d.columns = std::move(all);
         return d;
     }
 
@@ -89,7 +78,7 @@ private:
         return all_.statement.substr(start, close - start);
     }
 
-    void column(Declared& d)
+    DeclaredColumn column()
     {
         needWord("new", "attesa la parola new");
         needWord("adVarChar", "attesa la parola adVarChar");
@@ -106,42 +95,68 @@ private:
         take();
         needSymbol(')', "atteso il segno )");
         needWord("as", "attesa la parola as");
-        d.columns.push_back({std::string(anyName("atteso un nome")), FieldType::text, {}, {}});
-        d.lengths.push_back(length);
+        return {std::string(anyName("atteso un nome")), length};
     }
 
-    void chapter(Declared& d)
+    DeclaredChapter chapter()
     {
+        DeclaredChapter c;
         needSymbol('(', "atteso il segno (");
-        Declared child = declaration();
+        c.rows = declaration();
         needSymbol(')', "atteso il segno )");
         std::string_view parentColumn;
         std::string_view childColumn;
-        const std::size_t related = at_;
         relation(parentColumn, childColumn);
+        c.parentColumn = parentColumn;
+        c.childColumn = childColumn;
         needSymbol(')', "atteso il segno )");
         needWord("as", "attesa la parola as");
-        Chapter c;
         c.name = std::string(anyName("atteso un nome"));
-        c.lengths = std::move(child.lengths);
-        c.parentColumn = columnOf(d.columns, d.lengths.size(), parentColumn, related);
-        c.childColumn = columnOf(child.columns, c.lengths.size(), childColumn, related);
-        c.columns = std::make_shared<const ColumnSet>(std::move(child.columns));
-        c.chapters = std::make_shared<const std::vector<Chapter>>(std::move(child.chapters));
-        d.chapters.push_back(std::move(c));
-    }
-
-    std::size_t columnOf(const std::vector<ColumnInfo>& columns, std::size_t count, std::string_view wanted,
-                         std::size_t token) const
-    {
-        for (std::size_t i = 0; i < count; ++i) {
-            if (sameName(columns[i].name, wanted)) {
-                return i;
-            }
-        }
-        throw statementError(3450, all_.statement, all_.tokens[token].start, "la colonna di RELATE non esiste");
+        return c;
     }
 };
+
+// What a set and a chapter of it are made of.
+struct Layout {
+    std::shared_ptr<const ColumnSet> columns;
+    std::vector<std::size_t> lengths;
+    std::shared_ptr<const std::vector<Chapter>> chapters;
+};
+
+std::size_t placeOf(const std::vector<DeclaredColumn>& columns, const std::string& wanted)
+{
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (sameName(columns[i].name, wanted)) {
+            return i;
+        }
+    }
+    throw Errore(3450, "La colonna " + wanted + " di RELATE non esiste.");
+}
+
+Layout layOut(const DeclaredSet& declared)
+{
+    Layout layout;
+    std::vector<ColumnInfo> columns;
+    for (const DeclaredColumn& column : declared.columns) {
+        columns.push_back({column.name, FieldType::text, {}, {}});
+        layout.lengths.push_back(column.length);
+    }
+    std::vector<Chapter> chapters;
+    for (const DeclaredChapter& child : declared.chapters) {
+        columns.push_back({child.name, FieldType::chapter, {}, {}});
+        Layout rows = layOut(child.rows);
+        Chapter& chapter = chapters.emplace_back();
+        chapter.name = child.name;
+        chapter.parentColumn = placeOf(declared.columns, child.parentColumn);
+        chapter.childColumn = placeOf(child.rows.columns, child.childColumn);
+        chapter.columns = std::move(rows.columns);
+        chapter.lengths = std::move(rows.lengths);
+        chapter.chapters = std::move(rows.chapters);
+    }
+    layout.columns = std::make_shared<const ColumnSet>(std::move(columns));
+    layout.chapters = std::make_shared<const std::vector<Chapter>>(std::move(chapters));
+    return layout;
+}
 
 }  // namespace
 
@@ -159,13 +174,19 @@ Recordset Recordset::declare(std::string_view shapeText)
         throw Errore(3450, e.descrizione());
     }
     ShapeParser parser(tokens);
-    ShapeParser::Declared d = parser.declaration();
+    const DeclaredSet declared = parser.declaration();
     parser.end();
-    auto state = std::make_unique<State>(std::make_shared<const ColumnSet>(std::move(d.columns)),
-                                         std::make_shared<RowStore>(d.lengths.size()));
+    return declare(declared);
+}
+
+Recordset Recordset::declare(const DeclaredSet& declared)
+{
+    Layout layout = layOut(declared);
+    auto rows = std::make_shared<RowStore>(layout.lengths.size());
+    auto state = std::make_unique<State>(std::move(layout.columns), std::move(rows));
     state->isDeclared = true;
-    state->lengths = std::move(d.lengths);
-    state->chapters = std::make_shared<const std::vector<Chapter>>(std::move(d.chapters));
+    state->lengths = std::move(layout.lengths);
+    state->chapters = std::move(layout.chapters);
     return Recordset(std::move(state));
 }
 

@@ -301,6 +301,19 @@ TEST_F(InsiemeDiRecord, UnTestoDiFormaSbagliatoDiceDove)
     }
 }
 
+TEST(FormaDichiarata, UnaRelazioneSuUnaColonnaCheNonCeFallisce)
+{
+    for (const DeclaredChapter& figli :
+         {DeclaredChapter{"Child", "B", "A", {{{"A"}}, {}}}, DeclaredChapter{"Child", "A", "B", {{{"A"}}, {}}}}) {
+        try {
+            Recordset::declare(DeclaredSet{{{"A"}}, {figli}});
+            FAIL();
+        } catch (const Errore& e) {
+            EXPECT_EQ(e.numero(), 3450U);
+        }
+    }
+}
+
 TEST(FormaDichiarata, IFigliRestanoColLoroPadreEITestiSonoTagliati)
 {
     Recordset rs = Recordset::declare(
