@@ -2,6 +2,8 @@
 
 #include "documents/frmDettagliIVA.h"
 #include "documents/frmEmissioneDocumento.h"
+#include "documents/frmModificaDDT.h"
+#include "documents/frmModificaFattura.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
 #include "documents/modScarico.h"
@@ -93,6 +95,8 @@ void Programma::registraSchermate()
 
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
+    registra<frmModificaFattura>(sessione_, "frmModificaFattura");
+    registra<frmModificaDDT>(sessione_, "frmModificaDDT");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
 
