@@ -112,16 +112,15 @@ void SchermataMovimento::inizializzaCampi()
 
 void SchermataMovimento::cercaFornitore()
 {
-    constexpr int tabellaClienti = 0;  // suppliers are kept there as well
-    constexpr int perNome = 0;
     sessione_.TipoAnagraficaCorrente = "F";
-    const std::int32_t id = RicercaClientiFornitori(sessione_, tabellaClienti, txtFornitore.text(), perNome);
+    const std::int32_t id = RicercaClientiFornitori(sessione_, TabellaAnagrafica::clienti, txtFornitore.text(),
+                                                    CampoAnagrafica::nome);
     if (id == ricerca::annullata)
         return;
     clsCliente fornitore(sessione_);
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", "Ricerca...");
-    } else if (fornitore.RichiamaCliente(id)) {
+    } else if (fornitore.RichiamaCliente(id).riferisci(desktop())) {
         IDFornitore = fornitore.IDCliente;
         nomeFornitore_ = fornitore.Cliente;
         txtFornitore.setText(nomeFornitore_);
@@ -137,7 +136,7 @@ void SchermataMovimento::cercaFornitore()
 void SchermataMovimento::mostra(const Movimento& movimento)
 {
     clsCliente fornitore(sessione_);
-    IDFornitore = fornitore.RichiamaCliente(movimento.IDFornitore) ? movimento.IDFornitore : 0;
+    IDFornitore = fornitore.RichiamaCliente(movimento.IDFornitore).riferisci(desktop()) ? movimento.IDFornitore : 0;
     nomeFornitore_ = IDFornitore > 0 ? fornitore.Cliente : std::string();
     txtFornitore.setText(nomeFornitore_);
     txtNumeroDocumento.setText(std::to_string(movimento.NumeroDocumento));
