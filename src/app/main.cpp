@@ -41,7 +41,10 @@ int main(int argc, char** argv)
     bravona::QtDesktop desktop(&impostazioni.store());
     desktop.setFiles(file);
     const std::string cartella = bravona::cartellaProgrammaUtente();
-    desktop.guardStart([&] { bravona::preparaCartellaProgramma(file, cartella, cartellaFornita()); });
+    desktop.guardStart([&] {
+        bravona::preparaCartellaProgramma(file, cartella, cartellaFornita(),
+                                          !impostazioni.get("Impostazioni", "PercorsoDB").empty());
+    });
     if (desktop.ended()) {
         return desktop.exitStatus();
     }

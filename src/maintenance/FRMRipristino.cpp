@@ -22,7 +22,7 @@ FRMRipristino::FRMRipristino(Sessione& sessione)
                       .codifica = "Uncompressing Database",
                       .file = "Repristino Uncompressed File ..."})
 {
-    File1.pattern = "*.bk";
+    File1.pattern = "*.bk;*.bk.?";  // earlier ones too
     File1.setAccessibleName("File di backup");
     Label1[1].sunken = true;
     Label1[1].wrap = true;  // a long path shows whole
@@ -89,9 +89,11 @@ void FRMRipristino::Ripristina()
         desktop().inform("Seleziona File Backup e Clicka su Ripristina...", "Seleziona Cartella ...");
         return;
     }
+    const bool precedente = sessione_.files().exists(percorsoDatabase(sessione_));
     const auto fatto = [&](const clsHuffman::Esito& esito) {
         racconta("Ripristinato archivio di " + testoByte(esito.scritti) + " byte (backup " + testoByte(esito.letti) +
-                     " byte) da " + sorgente,
+                     " byte) da " + sorgente +
+                     (precedente ? "; quello di prima è in " + percorsoPrecedente(sessione_) : ""),
                  "Il Database e stato ripristinato. .");
     };
     // A failure is the platform's to report; the screen stays for another file.

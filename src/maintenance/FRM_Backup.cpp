@@ -1,5 +1,7 @@
 #include "maintenance/FRM_Backup.h"
 
+#include <filesystem>
+
 #include "maintenance/modArchivio.h"
 #include "session/modMain.h"
 
@@ -61,11 +63,16 @@ void FRM_Backup::CreaBackup()
         return;
     }
     const std::string destinazione = Files::native(Text2.text() + "\\DBBVEURO_Backup.bk");
+    const bool precedente = sessione_.files().exists(destinazione);
     const auto fatto = [&](const clsHuffman::Esito& esito) {
         // The backup is always of the program folder's archive, also while another is in use.
         const bool altro = !archivioDelProgrammaInUso(sessione_);
         racconta("Backup di " + testoByte(esito.scritti) + " byte (archivio " + testoByte(esito.letti) + " byte) in " +
-                     destinazione + (altro ? "; non è l'archivio in uso" : ""),
+                     destinazione +
+                     (precedente ? ", il precedente in " +
+                                       std::filesystem::path(backupPrecedenti(destinazione).front()).filename().string()
+                                 : "") +
+                     (altro ? "; non è l'archivio in uso" : ""),
                  "Il Backup e stato fatto e salvato. .\n"
                  "si consiglia di effettuare periodicamente l'operazione di backup.");
     };

@@ -185,7 +185,8 @@ Bytes clsHuffman::leggi(const std::string& sorgente, std::uint64_t massimo, cons
     return file_.read(sorgente);
 }
 
-clsHuffman::Esito clsHuffman::EncodeFile(const std::string& sorgente, const std::string& destinazione) const
+clsHuffman::Esito clsHuffman::EncodeFile(const std::string& sorgente, const std::string& destinazione,
+                                         const std::vector<std::string>& precedenti) const
 {
     constexpr const char* origine = "clsHuffman.EncodeFile()";
     return conLaMemoriaCheCE(origine, [&] {
@@ -196,7 +197,7 @@ clsHuffman::Esito clsHuffman::EncodeFile(const std::string& sorgente, const std:
         Esito esito;
         esito.letti = dati.size();
         EncodeByte(dati);
-        file_.replace(destinazione, dati);
+        file_.replace(destinazione, dati, {.ownerOnly = true, .earlier = precedenti});
         esito.scritti = dati.size();
         return esito;
     });
@@ -216,7 +217,7 @@ clsHuffman::Esito clsHuffman::DecodeFile(const std::string& sorgente, const std:
         if (dati.empty()) {
             throw Errore(errori::indiceFuoriIntervallo, "Il file di backup non contiene dati", origine);
         }
-        file_.replace(destinazione, dati);
+        file_.replace(destinazione, dati, {.ownerOnly = true, .earlier = {}});
         esito.scritti = dati.size();
         return esito;
     });

@@ -41,8 +41,10 @@ public:
 
     // From file to file, the destination replaced at the end in one step. An empty original is refused with Errore 9:
     // no archive is empty. Nothing is read of a source that is too long for the format; one that is too large for the
-    // memory there is gives Errore 7.
-    Esito EncodeFile(const std::string& sorgente, const std::string& destinazione) const;
+    // memory there is gives Errore 7. Only its owner
+    // may read the destination; what was there is kept under the names of `precedenti`, as Replacing tells.
+    Esito EncodeFile(const std::string& sorgente, const std::string& destinazione,
+                     const std::vector<std::string>& precedenti = {}) const;
     Esito DecodeFile(const std::string& sorgente, const std::string& destinazione) const;
 
     // On the bytes of a text in the Western code page (1252), back to a text character by character. A character

@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 constexpr std::uint32_t nonArchivio = 3031;
 constexpr std::uint32_t archivioDanneggiato = 3049;
 constexpr std::uint32_t discoGuasto = 3043;
+constexpr std::size_t backupTenuti = 3;
 
 std::string nellaCartella(const Sessione& sessione, const char* nome)
 {
@@ -104,7 +105,9 @@ void sostituisciDatabase(const Sessione& sessione, const std::string& nuovo, con
             Connection::discardJournal(database);
         }
     }
-    sessione.files().copy(nuovo, database);
+    const std::string precedente = percorsoPrecedente(sessione);
+    Connection::discardJournal(precedente);
+    sessione.files().copy(nuovo, database, {.ownerOnly = true, .earlier = {precedente}});
 }
 
 // False when the file is still there: what was achieved, or another failure, is the thing to tell.
@@ -170,6 +173,18 @@ void rileggiArchivio(Sessione& sessione)
     }
 }
 
+// Of a compaction that was killed; nobody works with it.
+std::string consiglioSulResto(const std::string& temporaneo)
+{
+    try {
+        Connection prova;
+        prova.hold(temporaneo, passwordArchivio, Hold::toReplace);
+        return "\nE' il resto di una compattazione interrotta: si può eliminare.";
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
 // What is to be told of it in the status bar. Nobody changes the archive from the reading on until the new one stands
 // in its place.
 std::string compatta(Sessione& sessione, const std::string& temporaneo, const Connection::Working& dipinge)
@@ -178,7 +193,7 @@ std::string compatta(Sessione& sessione, const std::string& temporaneo, const Co
     Files& files = sessione.files();
     std::error_code ignorato;
     if (fs::exists(fs::symlink_status(temporaneo, ignorato))) {
-        throw Errore(3204, "Il file \"" + temporaneo + "\" esiste già.");
+        throw Errore(3204, "Il file \"" + temporaneo + "\" esiste già." + consiglioSulResto(temporaneo));
     }
     Connection::discardJournal(temporaneo);
     const Avanzamento avanzamento(sessione);
@@ -188,13 +203,13 @@ std::string compatta(Sessione& sessione, const std::string& temporaneo, const Co
     std::uint64_t dopo = 0;
     try {
         avanzamento.passo("Compattazione dell'archivio: copia...", 0);
-        files.copy(archivio, temporaneo);
+        files.copy(archivio, temporaneo, {.ownerOnly = true, .earlier = {}});
         tenuto.holdAgain();
         avanzamento.passo("Compattazione dell'archivio: riordino...", 30);
         Connection::compact(temporaneo, passwordArchivio, dipinge);
         dopo = files.size(temporaneo);
         avanzamento.passo("Compattazione dell'archivio: sostituzione...", 80);
-        files.copy(temporaneo, archivio);
+        files.copy(temporaneo, archivio, {.ownerOnly = true, .earlier = {}});
     } catch (...) {
         togli(files, temporaneo);
         throw;
@@ -210,7 +225,64 @@ bool stessoFile(const std::string& uno, const std::string& altro)
     return fs::equivalent(uno, altro, ignorato);
 }
 
+std::string percorsoRipristino(const Sessione& sessione)
+{
+    return nellaCartella(sessione, "\\Database\\DBBVEURO_bk.mdb");
+}
+
+// Leaves the original of the backup, an archive from which the program can start, beside the database.
+clsHuffman::Esito preparaRipristino(const Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente,
+                                    const Connection::Working& dipinge)
+{
+    const std::string temporaneo = percorsoRipristino(sessione);
+    for (const std::string& lavoro : {temporaneo, percorsoPrecedente(sessione)}) {
+        // A restore that was killed may have left the database itself under that name as well.
+        if (stessoFile(sessione.PercorsoArchivio, lavoro) && !archivioDelProgrammaInUso(sessione)) {
+            throw Errore(errori::erroreDiPercorso,
+                         "L'archivio in uso è un file di lavoro del ripristino, che lo sostituirebbe: " + lavoro +
+                             "\nCopiarlo altrove e sceglierlo con Percorso archivio, poi ripetere il ripristino.");
+        }
+    }
+    const clsHuffman::Esito esito = huffman.DecodeFile(sorgente, temporaneo);
+    try {
+        Connection::discardJournal(temporaneo);  // of an earlier restore that was killed
+        pretendiArchivio(sessione, temporaneo, dipinge);
+    } catch (...) {
+        togli(sessione.files(), temporaneo);
+        throw;
+    }
+    return esito;
+}
+
+void concludiRipristino(const Sessione& sessione)
+{
+    const std::string temporaneo = percorsoRipristino(sessione);
+    try {
+        sostituisciDatabase(sessione, temporaneo, percorsoDatabase(sessione));
+    } catch (const Errore& errore) {
+        if (errore.numero() == errori::discoPieno) {
+            togli(sessione.files(), temporaneo);  // the disk needs the room
+        }
+        throw;
+    }
+    togli(sessione.files(), temporaneo);  // the next restore replaces it
+}
+
 }  // namespace
+
+std::string percorsoPrecedente(const Sessione& sessione)
+{
+    return nellaCartella(sessione, "\\Database\\DBBVEURO_precedente.mdb");
+}
+
+std::vector<std::string> backupPrecedenti(const std::string& destinazione)
+{
+    std::vector<std::string> nomi;
+    for (std::size_t numero = 1; numero <= backupTenuti; ++numero) {
+        nomi.push_back(destinazione + "." + std::to_string(numero));
+    }
+    return nomi;
+}
 
 std::string percorsoDatabase(const Sessione& sessione)
 {
@@ -238,7 +310,7 @@ clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, c
             Connection::verify(database, passwordArchivio, finestre.dipinge());
             tenuto.hold(database, passwordArchivio, Hold::toCopy);
         }
-        esito = huffman.EncodeFile(database, destinazione);
+        esito = huffman.EncodeFile(database, destinazione, backupPrecedenti(destinazione));
         tenuto.close();
         if (racconto) {
             racconto(esito);
@@ -250,28 +322,35 @@ clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, c
 clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente,
                                      const Racconto& racconto)
 {
-    const std::string database = percorsoDatabase(sessione);
-    const std::string temporaneo = nellaCartella(sessione, "\\Database\\DBBVEURO_bk.mdb");
     const FinestreVive finestre(sessione);
-    const clsHuffman::Esito esito = huffman.DecodeFile(sorgente, temporaneo);
-    try {
-        Connection::discardJournal(temporaneo);  // of an earlier restore that was killed
-        pretendiArchivio(sessione, temporaneo, finestre.dipinge());
-    } catch (...) {
-        togli(sessione.files(), temporaneo);
-        throw;
-    }
+    const clsHuffman::Esito esito = preparaRipristino(sessione, huffman, sorgente, finestre.dipinge());
     senzaConnessione(
         sessione,
         [&] {
-            sostituisciDatabase(sessione, temporaneo, database);
-            togli(sessione.files(), temporaneo);  // the next restore replaces it
+            concludiRipristino(sessione);
             if (racconto) {
                 racconto(esito);
             }
         },
         [&] { rileggiArchivio(sessione); });
     return esito;
+}
+
+void RipristinaAllAvvio(Sessione& sessione, const std::string& sorgente)
+{
+    const clsCursorWait attesa(sessione.desktop());
+    const FinestreVive finestre(sessione);
+    preparaRipristino(sessione, clsHuffman(sessione.files()), sorgente, finestre.dipinge());
+    concludiRipristino(sessione);
+}
+
+void ProvaAvvio(const Sessione& sessione, const std::string& file)
+{
+    Connection::verify(file, passwordArchivio);
+    Sessione prova(
+        {sessione.desktop(), sessione.settings(), sessione.clock(), sessione.files(), sessione.cartellaProgramma()});
+    prova.cn.open(file, passwordArchivio);
+    leggiComeAllAvvio(prova);
 }
 
 void CompattaArchivio(Sessione& sessione)

@@ -28,12 +28,25 @@ bool archivioDelProgrammaInUso(const Sessione& sessione);
 clsHuffman::Esito SalvaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& destinazione,
                                 const Racconto& racconto = {});
 
-// Puts the original of a backup in the place of the database and reads what the session keeps of it again. Errore of
-// the codec and the files; 3031 when the original is no archive from which the program can start, 3049 when it is
-// damaged: nothing has changed then. A failure of the replacement itself leaves the original beside the database, until
-// the next restore.
+// Where a restore keeps the archive that it has replaced.
+std::string percorsoPrecedente(const Sessione& sessione);
+
+// The names under which earlier backups stand beside a new one, the latest first.
+std::vector<std::string> backupPrecedenti(const std::string& destinazione);
+
+// Puts the original of a backup in the place of the database, which is kept as `percorsoPrecedente`, and reads what the
+// session keeps of it again. Errore of the codec and the files; 3031 when the original is no archive from which the
+// program can start, 3049 when it is damaged, 75 when the archive in use is one of the restore's own working files:
+// nothing has changed then. A failure of the replacement itself leaves the original beside the database, until the next
+// restore, but for a full disk.
 clsHuffman::Esito RipristinaArchivio(Sessione& sessione, const clsHuffman& huffman, const std::string& sorgente,
                                      const Racconto& racconto = {});
+
+// The same at the start, while no archive is open.
+void RipristinaAllAvvio(Sessione& sessione, const std::string& sorgente);
+
+// Opens an archive and reads all that a start reads. Errore as a start would end with, 3049 for damage anywhere.
+void ProvaAvvio(const Sessione& sessione, const std::string& file);
 
 // Rewrites the archive in use without its dead space, and tells how it went.
 void CompattaArchivio(Sessione& sessione);

@@ -27,9 +27,22 @@ void copiaMancanti(Files& files, const fs::path& da, const fs::path& a)
     }
 }
 
+// Also what an earlier program has left there under the user's mask.
+void soloDelProprietario(const fs::path& radice)
+{
+    Files::makeOwnerOnly(radice.string());
+    Files::makeOwnerOnly((radice / "temp_db.mdb").string());
+    std::error_code errore;
+    for (fs::directory_iterator voce(radice / "Database", errore); !errore && voce != fs::directory_iterator();
+         voce.increment(errore)) {
+        Files::makeOwnerOnly(voce->path().string());
+    }
+}
+
 }  // namespace
 
-void preparaCartellaProgramma(Files& files, const std::string& cartella, const std::string& fornita)
+void preparaCartellaProgramma(Files& files, const std::string& cartella, const std::string& fornita,
+                              bool archivioScelto)
 {
     const fs::path radice(cartella);
     const fs::path archivio = radice / "Database" / "DBBVEURO.mdb";
@@ -40,11 +53,13 @@ void preparaCartellaProgramma(Files& files, const std::string& cartella, const s
             copiaMancanti(files, fs::path(fornita) / nome, radice / nome);
         }
     }
-    if (!files.exists(archivio.string())) {
+    if (!archivioScelto && !files.exists(archivio.string())) {
         // Of an archive that was taken away, it would be played into this one.
         Connection::discardJournal(archivio.string());
-        files.copy((fs::path(fornita) / "Database" / "DBBVEURO.mdb").string(), archivio.string());
+        files.copy((fs::path(fornita) / "Database" / "DBBVEURO.mdb").string(), archivio.string(),
+                   {.ownerOnly = true, .earlier = {}});
     }
+    soloDelProprietario(radice);
     // One archive under two names, so that both speak of the same file.
     std::error_code errore;
     if (fs::symlink_status(collegamento, errore).type() == fs::file_type::not_found) {

@@ -107,6 +107,14 @@ void Programma::registraSchermate()
     sessione_.Comandi.StampaElencoClienti = [this] { StampaElencoClienti(sessione_); };
     sessione_.Comandi.StampaElencoFornitori = [this] { StampaElencoFornitori(sessione_); };
     sessione_.Comandi.CompattaArchivio = [this] { CompattaArchivio(sessione_); };
+    sessione_.Comandi.ProvaAvvio = [this](const std::string& percorso) { ProvaAvvio(sessione_, percorso); };
+    sessione_.Comandi.RipristinaAllAvvio = [this](const std::string& backup) {
+        // What is stored counts as in use, so that the restore spares it.
+        sessione_.PercorsoArchivio = sessione_.settings().get("Impostazioni", "PercorsoDB");
+        RipristinaAllAvvio(sessione_, backup);
+        Annuncia(sessione_, "Ripristinato il backup " + backup);
+        return percorsoDatabase(sessione_);
+    };
 }
 
 void Programma::avvia()
@@ -122,6 +130,19 @@ void Programma::sequenzaDiAvvio()
     CaricaImpostazioniDocumenti(sessione_);
     VerificaCartelle(sessione_);
     sessione_.PercorsoArchivio = RilevaPercorsoDB(sessione_);
+    try {
+        sessioneSullArchivio();
+    } catch (const FineProcesso&) {
+        throw;
+    } catch (const Errore& errore) {
+        AnnotaArchivioRifiutato(sessione_, sessione_.PercorsoArchivio, errore.numero());
+        throw;
+    }
+    AnnotaAvvioRiuscito(sessione_);
+}
+
+void Programma::sessioneSullArchivio()
+{
     ApriConnessione(sessione_, sessione_.PercorsoArchivio);
     if (!EsisteArchivio(sessione_)) {
         sessione_.desktop().inform(
@@ -137,6 +158,9 @@ void Programma::sequenzaDiAvvio()
     sessione_.AnnoRiferimento = annoImpostato(sessione_.settings());
     MostraAnnoRiferimento(sessione_);
     sessione_.TabellaIva = std::make_unique<clsTabellaCodiciIVA>(sessione_);
+    if (sessione_.AnnoRiferimento == "0") {
+        Annuncia(sessione_, "Nessun anno aperto: sceglierlo con File, Apri archivio (Ctrl+O)");
+    }
     scarichiDovuti();
     sessione_.schermate().get("frmMain").show();
 }

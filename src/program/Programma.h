@@ -19,6 +19,7 @@ public:
 private:
     void registraSchermate();
     void sequenzaDiAvvio();
+    void sessioneSullArchivio();
     void scarichiDovuti();
     Sessione sessione_;
 };

@@ -41,6 +41,9 @@ struct DatiDitta {
 // disabled.
 struct Comandi {
     std::function<void()> CompattaArchivio;
+    // At the start: whether one could be made with this archive (Errore when not), and a backup put in place.
+    std::function<void(const std::string& percorso)> ProvaAvvio;
+    std::function<std::string(const std::string& backup)> RipristinaAllAvvio;  // the archive's path
     std::function<void()> StampaElencoClienti;
     std::function<void()> StampaElencoFornitori;
 };

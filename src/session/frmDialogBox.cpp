@@ -25,6 +25,12 @@ std::string frmDialogBox::SelezioneDB()
     return apri("Selezione archivio dati", sessione_.cartellaProgramma() + "\\", "Bravona dati (*.mdb)|*.mdb");
 }
 
+std::string frmDialogBox::SelezioneDBoBackup()
+{
+    return apri("Selezione archivio dati", sessione_.cartellaProgramma() + "\\",
+                "Archivi e backup di Bravona (*.mdb, *.bk)|*.mdb;*.bk;*.bk.?|Bravona dati (*.mdb)|*.mdb");
+}
+
 Colour frmDialogBox::SelezioneColore(Colour iniziale)
 {
     return sessione_.desktop().chooseColour("Selezione colore", iniziale).value_or(iniziale);

@@ -14,6 +14,7 @@ public:
     std::string SelezioneImmagineArticolo();
     std::string SelezioneDBBV2000();
     std::string SelezioneDB();
+    std::string SelezioneDBoBackup();  // at the start: an archive, or a backup to restore
     // Cancelled: the colour that it started with.
     Colour SelezioneColore(Colour iniziale);
 

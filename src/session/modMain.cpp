@@ -11,8 +11,8 @@ namespace bravona {
 
 namespace {
 
-constexpr std::int32_t versioneArchivio = 3;
 constexpr std::uint32_t archivioInUso = 3218;  // by another program: not its own fault
+constexpr std::int32_t versioneArchivio = 3;
 
 // Settings of a wrong form lead to no message: what is too big for a number counts as 0.
 double numeroImpostazione(const std::string& testo)
@@ -54,14 +54,46 @@ std::int32_t massimoPiuUno(Sessione& sessione, const std::string& istruzione)
     return ultimo + 1;
 }
 
-bool siApre(const std::string& percorso)
+// An archive that ended the last start is tried once more when nothing is found wrong with it now.
+bool rifiutato(Sessione& sessione, const std::string& percorso)
 {
-    try {
-        Connection prova;
-        prova.open(percorso, passwordArchivio);
-        return true;
-    } catch (const Errore&) {
+    Settings& settings = sessione.settings();
+    if (percorso != settings.get("Avvio", "ArchivioRifiutato")) {
         return false;
+    }
+    if (percorso == settings.get("Avvio", "Riprovato")) {
+        return true;
+    }
+    try {
+        sessione.Comandi.ProvaAvvio(percorso);
+    } catch (const Errore& errore) {
+        return errore.numero() != archivioInUso;
+    }
+    settings.save("Avvio", "Riprovato", percorso);
+    return false;
+}
+
+// An archive, or a backup that is put in place at once. Without either the program ends.
+std::string chiediArchivio(Sessione& sessione, const std::string& perche)
+{
+    for (;;) {
+        sessione.desktop().inform(perche, "Bravona");
+        const std::string scelto = frmDialogBox(sessione).SelezioneDBoBackup();
+        if (scelto.empty()) {
+            sessione.desktop().messageBox(
+                {.title = "Bravona",
+                 .text = "Attenzione! Non è stato selezionato alcun database.\nIl programma verrà terminato",
+                 .icon = MsgIcon::exclamation});
+            throw FineProcesso{};
+        }
+        if (lower(scelto).find(".bk", scelto.rfind('/') + 1) == std::string::npos) {
+            return scelto;
+        }
+        try {
+            return sessione.Comandi.RipristinaAllAvvio(scelto);
+        } catch (const Errore& errore) {
+            sessione.desktop().report(errore);
+        }
     }
 }
 
@@ -103,36 +135,44 @@ void VerificaCartelle(Sessione& sessione)
 std::string RilevaPercorsoDB(Sessione& sessione)
 {
     std::string percorso = sessione.settings().get("Impostazioni", "PercorsoDB");
-    const bool rifiutato =
-        !percorso.empty() && percorso == sessione.settings().get("Avvio", "ArchivioRifiutato") && !siApre(percorso);
     const std::string predefinito = Files::native(sessione.cartellaProgramma() + "\\dbbveuro.mdb");
     if (percorso.empty() && sessione.files().exists(predefinito)) {
         percorso = predefinito;
-    } else if (percorso.empty() || rifiutato || !sessione.files().exists(percorso)) {
-        // A stored path whose file has gone, or ended the last start, is never replaced silently.
-        sessione.desktop().inform("E' necessario selezionare il percorso del database per Bravona", "Bravona");
-        percorso = frmDialogBox(sessione).SelezioneDB();
-        if (percorso.empty()) {
-            sessione.desktop().messageBox(
-                {.title = "Bravona",
-                 .text = "Attenzione! Non è stato selezionato alcun database.\nIl programma verrà terminato",
-                 .icon = MsgIcon::exclamation});
-            throw FineProcesso{};
-        }
+    } else if (percorso.empty() || !sessione.files().exists(percorso)) {
+        // A stored path whose file has gone is never replaced silently.
+        percorso = chiediArchivio(sessione, "E' necessario selezionare il percorso del database per Bravona");
+    } else if (rifiutato(sessione, percorso)) {
+        percorso = chiediArchivio(sessione, "L'ultimo avvio con l'archivio \"" + percorso +
+                                                "\" non è riuscito.\nScegliere un altro archivio (.mdb), oppure un "
+                                                "backup (.bk) da ripristinare.");
     }
     sessione.settings().save("Impostazioni", "PercorsoDB", percorso);
     return percorso;
 }
 
+void AnnotaArchivioRifiutato(Sessione& sessione, const std::string& percorso, std::uint32_t numero)
+{
+    if (numero != archivioInUso) {
+        sessione.settings().save("Avvio", "ArchivioRifiutato", percorso);
+    }
+}
+
+void AnnotaAvvioRiuscito(Sessione& sessione)
+{
+    for (const char* nota : {"ArchivioRifiutato", "Riprovato"}) {
+        if (!sessione.settings().get("Avvio", nota).empty()) {
+            sessione.settings().save("Avvio", nota, "");
+        }
+    }
+}
+
 void ApriConnessione(Sessione& sessione, const std::string& percorso)
 {
+    Files::makeOwnerOnly(percorso);  // an earlier program left it under the user's mask
     try {
         sessione.cn.open(percorso, passwordArchivio);
     } catch (const Errore& errore) {
-        // The next start asks for another archive rather than end like this one.
-        if (errore.numero() != archivioInUso) {
-            sessione.settings().save("Avvio", "ArchivioRifiutato", percorso);
-        }
+        AnnotaArchivioRifiutato(sessione, percorso, errore.numero());
         throw;
     }
     {

@@ -21,6 +21,10 @@ void RegistraDatiProgramma(Sessione& sessione);
 void CaricaImpostazioniDocumenti(Sessione& sessione);
 void VerificaCartelle(Sessione& sessione);
 std::string RilevaPercorsoDB(Sessione& sessione);
+// A start with this archive failed for that reason: the next one asks for another, or for a backup. Not when another
+// program held it.
+void AnnotaArchivioRifiutato(Sessione& sessione, const std::string& percorso, std::uint32_t numero);
+void AnnotaAvvioRiuscito(Sessione& sessione);
 void ApriConnessione(Sessione& sessione, const std::string& percorso);
 void ChiudiConnessione(Sessione& sessione);
 bool EsisteArchivio(Sessione& sessione);

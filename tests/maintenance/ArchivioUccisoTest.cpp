@@ -73,6 +73,9 @@ TEST_F(ArchivioUcciso, ARestoreKilledAtAnyInstantLeavesTheOldArchiveOrTheNewOne)
             break;
         }
         ASSERT_TRUE(cliente == "Rossi" || cliente == "Bianchi") << cliente << " at " << istante;
+        if (cliente == "Bianchi") {
+            EXPECT_EQ(clienteIn(in("Database/DBBVEURO_precedente.mdb")), "Rossi") << istante;
+        }
         // What it left lying about is in nobody's way.
         RipristinaArchivio(sessione, huffman, backup());
         sessione.cn.close();
@@ -80,6 +83,7 @@ TEST_F(ArchivioUcciso, ARestoreKilledAtAnyInstantLeavesTheOldArchiveOrTheNewOne)
         EXPECT_FALSE(fs::exists(in("Database/DBBVEURO_bk.mdb")));
     }
     EXPECT_GT(istante, 8);
+    EXPECT_EQ(clienteIn(in("Database/DBBVEURO_precedente.mdb")), "Rossi");
     EXPECT_EQ(visti.size(), 2U);
 }
 

@@ -66,7 +66,8 @@ TEST_F(Backup, ThePersonSeesItAdvanceAndWhereItWentAndHowLargeItIs)
     EXPECT_EQ(parole, "Salvataggio Database ...");
     EXPECT_TRUE(ultimoMessaggio().starts_with("Bravona: Il Backup e stato fatto")) << ultimoMessaggio();
     EXPECT_EQ(parola(), "Backup di " + testoByte(fs::file_size(backup())) + " byte (archivio " +
-                            testoByte(fs::file_size(archivio())) + " byte) in " + backup());
+                            testoByte(fs::file_size(archivio())) + " byte) in " + backup() +
+                            ", il precedente in DBBVEURO_Backup.bk.1");
     EXPECT_EQ(sessione.schermate().find("FRM_Backup"), nullptr);
     EXPECT_EQ(utente.pointer(), Pointer::normal);
     EXPECT_EQ(cliente(), "Rossi");
@@ -110,6 +111,27 @@ TEST_F(Backup, ALinkBackToTheArchiveDoesNotPackItIntoItself)
     fs::create_symlink(archivio(), backup());
     EXPECT_EQ(numeroDelFallimento([&] { return SalvaArchivio(sessione, huffman, backup()); }),
               errori::erroreDiPercorso);
+    EXPECT_EQ(cliente(), "Rossi");
+}
+
+TEST_F(Backup, ARestoreSparesTheArchiveInUseAmongItsOwnFiles)
+{
+    for (const char* nome : {"Database/DBBVEURO_bk.mdb", "Database/DBBVEURO_precedente.mdb"}) {
+        fs::copy_file(archivio(), in(nome));
+        sessione.PercorsoArchivio = in(nome);
+        EXPECT_EQ(numeroDelFallimento([&] { return RipristinaArchivio(sessione, huffman, backup()); }),
+                  errori::erroreDiPercorso);
+        EXPECT_EQ(clienteIn(in(nome)), "Rossi");
+        EXPECT_EQ(clienteIn(archivio()), "Rossi");
+    }
+}
+
+TEST_F(Backup, ARestoreWithoutRoomLeavesNothingOnTheDisk)
+{
+    files.failNextWrite(archivio(), errori::discoPieno);
+    EXPECT_EQ(numeroDelFallimento([&] { return RipristinaArchivio(sessione, huffman, backup()); }), errori::discoPieno);
+    EXPECT_FALSE(fs::exists(in("Database/DBBVEURO_bk.mdb")));
+    EXPECT_FALSE(fs::exists(in("Database/DBBVEURO_precedente.mdb")));
     EXPECT_EQ(cliente(), "Rossi");
 }
 
@@ -204,7 +226,7 @@ TEST_F(Backup, NothingIsWrittenIntoTheArchiveThatACompactionReplaces)
     utente.whilePainting = {};
     EXPECT_EQ(risposte, std::set<std::uint32_t>{3218U});
     // The file that the other one has open is no archive any more: it is told so, and nothing is lost unseen.
-    EXPECT_EQ(altro.esegui("UPDATE Clienti SET Cliente = 'Altro'"), 3027U);
+    EXPECT_EQ(altro.esegui("UPDATE Clienti SET Cliente = 'Altro'"), 3044U);
     EXPECT_EQ(cliente(), "Rossi");
 }
 
@@ -227,6 +249,9 @@ TEST_F(Backup, ATemporaryFileThatStaysIsToldAndTheCompactionDone)
     EXPECT_TRUE(parola().ends_with("resta da eliminare " + temporaneo)) << parola();
     CompattaArchivio(sessione);
     EXPECT_NE(ultimoMessaggio().find("3204 - "), std::string::npos) << ultimoMessaggio();
+    EXPECT_NE(ultimoMessaggio().find("E' il resto di una compattazione interrotta: si può eliminare."),
+              std::string::npos)
+        << ultimoMessaggio();
     EXPECT_EQ(cliente(), "Rossi");
 }
 

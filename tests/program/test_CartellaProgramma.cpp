@@ -36,9 +36,10 @@ protected:
         testo << std::ifstream(radice_ / nome).rdbuf();
         return testo.str();
     }
-    void prepara()
+    void prepara(bool archivioScelto = false)
     {
-        preparaCartellaProgramma(files_, (radice_ / "programma").string(), (radice_ / "fornita").string());
+        preparaCartellaProgramma(files_, (radice_ / "programma").string(), (radice_ / "fornita").string(),
+                                 archivioScelto);
     }
 
     fs::path radice_;
@@ -84,6 +85,29 @@ TEST_F(CartellaProgramma, IlGiornaleDiUnArchivioToltoNonGuastaQuelloFornito)
     prepara();
     EXPECT_EQ(leggi("disco/vero.mdb"), "consegnato");
     EXPECT_FALSE(fs::exists(radice_ / "disco/vero.mdb-journal"));
+}
+
+TEST_F(CartellaProgramma, UnArchivioSceltoEPersoNonESostituitoDaQuelloFornito)
+{
+    prepara();
+    fs::remove(radice_ / "programma/Database/DBBVEURO.mdb");
+    prepara(true);
+    EXPECT_FALSE(fs::exists(radice_ / "programma/Database/DBBVEURO.mdb"));
+}
+
+TEST_F(CartellaProgramma, QuantoFattoPrimaNonELeggibileDaAltri)
+{
+    prepara();
+    scrivi("programma/Database/DBBVEURO_bk.mdb", "resto");
+    fs::permissions(radice_ / "programma", fs::perms(0755));
+    fs::permissions(radice_ / "programma/Database", fs::perms(0755));
+    fs::permissions(radice_ / "programma/Database/DBBVEURO.mdb", fs::perms(0644));
+    prepara(true);
+    EXPECT_EQ(fs::status(radice_ / "programma").permissions(), fs::perms(0700));
+    for (const char* nome : {"DBBVEURO.mdb", "DBBVEURO_bk.mdb"}) {
+        EXPECT_EQ(fs::status(radice_ / "programma/Database" / nome).permissions() & fs::perms(0077), fs::perms::none)
+            << nome;
+    }
 }
 
 TEST_F(CartellaProgramma, SenzaArchivioFornitoLAvvioLoDice)

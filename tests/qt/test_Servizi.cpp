@@ -53,6 +53,22 @@ TEST(Impostazioni, ValgonoAncheDopoERestanoTesti)
     EXPECT_EQ(lette.find("Documenti", "Ombreggiatura"), std::nullopt);  // a read makes no key
 }
 
+TEST(Impostazioni, UnBloccoRimastoVuotoNonFermaLAvvio)
+{
+    const QTemporaryDir cartella;
+    const QString file = cartella.filePath(QStringLiteral("BV2004.conf"));
+    const auto lascia = [&file] {
+        QFile resto(file + QStringLiteral(".lock"));
+        EXPECT_TRUE(resto.open(QIODevice::WriteOnly));
+    };
+    lascia();
+    QtSettings impostazioni(file);
+    impostazioni.save("Impostazioni", "Anno Riferimento", "2004");
+    lascia();
+    impostazioni.save("Impostazioni", "Anno Riferimento", "2005");
+    EXPECT_EQ(QtSettings(file).get("Impostazioni", "Anno Riferimento"), "2005");
+}
+
 TEST(PostiDelleFinestre, SiRitrovanoDaUnAvvioAllAltro)
 {
     const QTemporaryDir cartella;

@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t permessiNuovoFile = 0666;  // less what the user's mask takes away
+constexpr mode_t permessiRiservati = 0600;
 constexpr std::string_view fine = ".nuovo";
 
 // ".DBBVEURO_Backup.bk.", cut where the whole name would be too long for a folder.
@@ -83,7 +84,7 @@ void togliResti(const fs::path& cartella, std::string_view inizio)
 
 }  // namespace
 
-FileAccanto::FileAccanto(const fs::path& bersaglio)
+FileAccanto::FileAccanto(const fs::path& bersaglio, bool soloDelProprietario)
 {
     const fs::path cartella = bersaglio.parent_path();
     const std::string inizio = inizioDelNome(bersaglio);
@@ -92,7 +93,7 @@ FileAccanto::FileAccanto(const fs::path& bersaglio)
     for (int numero = 1; numero <= tentativi; ++numero) {
         const std::string nome = std::to_string(::getpid()) + "-" + std::to_string(numero);
         percorso_ = (cartella / (inizio + nome + std::string(fine))).string();
-        if (apri()) {
+        if (apri(soloDelProprietario)) {
             return;
         }
     }
@@ -100,9 +101,10 @@ FileAccanto::FileAccanto(const fs::path& bersaglio)
 }
 
 // False for a name that is taken.
-bool FileAccanto::apri()
+bool FileAccanto::apri(bool soloDelProprietario)
 {
-    fd_ = ::open(percorso_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permessiNuovoFile);
+    fd_ = ::open(percorso_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                 soloDelProprietario ? permessiRiservati : permessiNuovoFile);
     if (fd_ < 0) {
         codice_ = errno == EEXIST ? 0 : errno;
         return codice_ != 0;

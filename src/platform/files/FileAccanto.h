@@ -11,7 +11,7 @@ namespace bravona {
 class FileAccanto {
 public:
     // `codice` tells, as errno does, why it could not be made; 0 when it was.
-    explicit FileAccanto(const std::filesystem::path& bersaglio);
+    FileAccanto(const std::filesystem::path& bersaglio, bool soloDelProprietario);
     ~FileAccanto();
     FileAccanto(const FileAccanto&) = delete;
     FileAccanto& operator=(const FileAccanto&) = delete;
@@ -23,7 +23,7 @@ public:
     int alPostoDi(const std::string& bersaglio);
 
 private:
-    bool apri();
+    bool apri(bool soloDelProprietario);
 
     std::string percorso_;
     int fd_ = -1;

@@ -19,6 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t soloPermessi = 07777;
+constexpr mode_t soloProprietario = 0700;
 constexpr std::size_t blocco = std::size_t{1} << 18;
 constexpr std::size_t pezzo = std::size_t{1} << 22;  // between two calls of `betweenPieces`
 
@@ -181,6 +182,36 @@ void tieniPermessi(int fd, mode_t vecchi, const std::string& path)
     }
 }
 
+// A second name for the bytes, where the file system has such; a copy of them otherwise.
+void secondoNome(Files& files, const std::string& file, const std::string& nome, bool ownerOnly)
+{
+    if (::link(file.c_str(), nome.c_str()) != 0) {
+        files.copy(file, nome, {.ownerOnly = ownerOnly, .earlier = {}});
+    }
+    if (ownerOnly) {
+        Files::makeOwnerOnly(nome);
+    }
+}
+
+// At every instant the bytes of `file` stand under its own name.
+void tieniPrecedente(Files& files, const std::string& file, const Replacing& how)
+{
+    for (std::size_t i = how.earlier.size(); i-- > 0;) {
+        const std::string nome = Files::native(how.earlier[i]);
+        if (!files.exists(nome)) {
+            continue;
+        }
+        if (i + 1 < how.earlier.size()) {
+            files.rename(nome, how.earlier[i + 1]);
+        } else {
+            files.remove(nome);
+        }
+    }
+    if (!how.earlier.empty()) {
+        secondoNome(files, file, Files::native(how.earlier.front()), how.ownerOnly);
+    }
+}
+
 fs::path inFondoAiLink(fs::path path)
 {
     constexpr int massimo = 40;
@@ -267,7 +298,7 @@ Bytes Files::read(const std::string& path) const
     return bytes;
 }
 
-void Files::replaceWith(const std::string& path, const std::function<void(int)>& write)
+void Files::replaceWith(const std::string& path, const Replacing& how, const std::function<void(int)>& write)
 {
     const fs::path richiesto = native(path);
     const fs::path bersaglio = inFondoAiLink(richiesto);
@@ -277,12 +308,13 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
         fallito(errori::erroreDiPercorso, bersaglio.string());
     }
 
-    FileAccanto accanto(bersaglio);
+    FileAccanto accanto(bersaglio, how.ownerOnly);
     if (accanto.codice() != 0) {
         nonApribile(accanto.codice(), bersaglio);
     }
     if (esiste) {
-        tieniPermessi(accanto.fd(), vecchio.st_mode, bersaglio.string());
+        tieniPermessi(accanto.fd(), how.ownerOnly ? vecchio.st_mode & soloProprietario : vecchio.st_mode,
+                      bersaglio.string());
     }
     write(accanto.fd());
     if (::fsync(accanto.fd()) != 0) {
@@ -293,7 +325,14 @@ void Files::replaceWith(const std::string& path, const std::function<void(int)>&
     }
     checkFault(richiesto.string());
     checkFault(bersaglio.string());
+    if (esiste) {
+        tieniPrecedente(*this, bersaglio.string(), how);
+    }
     if (const int codice = accanto.alPostoDi(bersaglio.string()); codice != 0) {
+        std::error_code ignorato;
+        if (esiste && !how.earlier.empty() && fs::equivalent(native(how.earlier.front()), bersaglio, ignorato)) {
+            fs::remove(native(how.earlier.front()), ignorato);  // a name that nothing needs now
+        }
         fallitoPerCodice(codice, bersaglio.string());
     }
     consolidaCartella(bersaglio);
@@ -314,16 +353,27 @@ void Files::writeAll(int fd, const std::uint8_t* bytes, std::size_t count, const
     scrivi(fd, bytes, count, path);
 }
 
-void Files::replace(const std::string& path, const Bytes& bytes)
+void Files::replace(const std::string& path, const Bytes& bytes, const Replacing& how)
 {
-    replaceWith(path, [&](int fd) { writeAll(fd, bytes.data(), bytes.size(), path); });
+    replaceWith(path, how, [&](int fd) { writeAll(fd, bytes.data(), bytes.size(), path); });
 }
 
-void Files::copy(const std::string& from, const std::string& to)
+bool Files::makeOwnerOnly(const std::string& path)
+{
+    const std::string file = native(path);
+    struct stat s {};
+    if (::stat(file.c_str(), &s) != 0) {
+        return false;
+    }
+    const mode_t permessi = s.st_mode & soloPermessi;
+    return (permessi & soloProprietario) == permessi || ::chmod(file.c_str(), permessi & soloProprietario) == 0;
+}
+
+void Files::copy(const std::string& from, const std::string& to, const Replacing& how)
 {
     const std::string origine = native(from);
     const Descrittore lettura(apriLettura(origine));
-    replaceWith(to, [&](int scrittura) {
+    replaceWith(to, how, [&](int scrittura) {
         Bytes letti(blocco);
         std::size_t daConsolidare = 0;
         while (const std::size_t n = leggi(*lettura, letti.data(), letti.size(), origine)) {

@@ -7,8 +7,17 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace bravona {
+
+// How a file is replaced. What is owner-only is so from its first byte on, whatever the user's mask, also where the
+// target was not. The target's bytes are kept under the first name of `earlier`, whose file moves to the second and so
+// on; the last one's goes. That happens only once the new bytes are on the disk.
+struct Replacing {
+    bool ownerOnly = false;
+    std::vector<std::string> earlier;
+};
 
 // The file service: every write of the program outside the archive goes through it. Failures are Errore 53 (missing),
 // 61 (no room), 70 (no permission), 71 (drive not ready, also a folder to write into that is gone), 75 (path error: a
@@ -24,9 +33,11 @@ public:
     // new, also when two write it at a time. A link is followed: the file that it points to is replaced. The target's
     // permissions are kept where the file system keeps any. After a failure nothing lies beside it; what a kill left
     // there goes at the next replacement.
-    void replace(const std::string& path, const Bytes& bytes);
+    void replace(const std::string& path, const Bytes& bytes, const Replacing& how = {});
     // Copies as `replace` writes, a piece at a time.
-    void copy(const std::string& from, const std::string& to);
+    void copy(const std::string& from, const std::string& to, const Replacing& how = {});
+    // Takes a file, or a folder, from everybody but its owner; false where that cannot be done.
+    static bool makeOwnerOnly(const std::string& path);
     // Called between the pieces of a long read, write or copy, each of which has then reached the disk, so that windows
     // can be painted meanwhile. Touches no file; what it throws gives the operation up.
     std::function<void()> betweenPieces;
@@ -45,7 +56,7 @@ public:
     static std::string native(std::string_view path);
 
 private:
-    void replaceWith(const std::string& path, const std::function<void(int)>& write);
+    void replaceWith(const std::string& path, const Replacing& how, const std::function<void(int)>& write);
     void checkFault(const std::string& path);
     void writeAll(int fd, const std::uint8_t* bytes, std::size_t count, const std::string& path) const;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <utility>
 
 #include "platform/text/Text.h"
@@ -200,6 +201,12 @@ void frmAnteprima::SalvaPdf()
     }
     if (lower(right(*percorso, 4)) != ".pdf") {
         *percorso += ".pdf";
+        // The dialog has asked only about the name as it was typed.
+        std::error_code ignorato;
+        if (std::filesystem::exists(*percorso, ignorato) &&
+            !desktop().askBeforeLosing("Il file \"" + *percorso + "\" esiste già. Sostituirlo?", "Salva come PDF")) {
+            return;
+        }
     }
     try {
         desktop().exportPdf(pages(), *percorso, suggestedName_);

@@ -29,7 +29,7 @@ enum class Hold {
 //   3075 not understood      3464 types that do not go together; all five with their place in the statement
 //   3360 understood, but nested deeper than the engine goes
 //   6 out of range           11 division by zero       13 a text that is no number or date
-//   3031 wrong password or no archive                  3049 damaged              3044 no such path
+//   3031 wrong password or no archive                  3049 damaged              3044 no such path, or moved
 //   3051 cannot be opened    61 no room                3027 cannot be changed    3218 in use by another program
 //   3043 the disk failed     3035 any other failure of the engine
 class Connection {

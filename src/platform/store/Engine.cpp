@@ -74,6 +74,9 @@ Errore engineError(int code, std::string_view message)
     default:
         break;
     }
+    if (code == SQLITE_READONLY_DBMOVED) {
+        return Errore(3044, "Il file dell'archivio è stato spostato o sostituito: riavviare Bravona.");
+    }
     switch (code & 0xFF) {
     case SQLITE_NOTADB:
         return Errore(3031, "La password non è valida, o il file non è un archivio di Bravona.");

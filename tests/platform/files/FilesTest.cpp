@@ -118,6 +118,33 @@ TEST_F(FilesTest, PermissionsOfTheTargetAreKept)
     EXPECT_EQ(fs::status(in("a")).permissions(), fs::perms(0640));
 }
 
+TEST_F(FilesTest, WhatIsOwnerOnlyIsSoWhateverTheMaskAndWhatWasThere)
+{
+    const mode_t maschera = ::umask(0);
+    files_.replace(in("nuovo"), byte("uno"), {.ownerOnly = true, .earlier = {}});
+    files_.replace(in("vecchio"), byte("uno"));
+    fs::permissions(in("vecchio"), fs::perms(0644));
+    files_.copy(in("nuovo"), in("vecchio"), {.ownerOnly = true, .earlier = {in("vecchio.1")}});
+    ::umask(maschera);
+    for (const char* nome : {"nuovo", "vecchio", "vecchio.1"}) {
+        EXPECT_EQ(fs::status(in(nome)).permissions(), fs::perms(0600)) << nome;
+    }
+}
+
+TEST_F(FilesTest, EarlierBytesMoveOnAndTheOldestGo)
+{
+    for (const char* testo : {"a", "b", "c", "d"}) {
+        files_.replace(in("x"), byte(testo), {.ownerOnly = false, .earlier = {in("x.1"), in("x.2")}});
+    }
+    EXPECT_EQ(files_.read(in("x")), byte("d"));
+    EXPECT_EQ(files_.read(in("x.1")), byte("c"));
+    EXPECT_EQ(files_.read(in("x.2")), byte("b"));
+    files_.failNextWrite(in("x"), errori::discoPieno);
+    EXPECT_ANY_THROW(files_.replace(in("x"), byte("e"), {.ownerOnly = false, .earlier = {in("x.1"), in("x.2")}}));
+    EXPECT_EQ(files_.read(in("x.1")), byte("c"));
+    EXPECT_EQ(contenuto(), (std::vector<std::string>{"x", "x.1", "x.2"}));
+}
+
 TEST_F(FilesTest, AKilledReplacementLeavesNoObstacle)
 {
     const Bytes prima(1000, 'a');

@@ -5,6 +5,8 @@
 #include "support/ArchivioTemporaneo.h"
 #include "support/UtenteDiProva.h"
 
+#include <fstream>
+
 namespace bravona {
 namespace {
 
@@ -126,6 +128,11 @@ TEST_F(Anteprima, printsAndSavesTheSamePages)
     EXPECT_EQ(form.lblStato.caption(), "Salvato: fattura.pdf");
     utente.answerFile("");
     utente.click(form.cmdPdf);
+    // The name without its ending is one that nobody has asked about.
+    std::ofstream(cartella.file("fattura.pdf")) << "di ieri";
+    utente.answerFile(cartella.file("fattura"));
+    utente.click(form.cmdPdf);
+    EXPECT_TRUE(utente.lastBox().text.ends_with("fattura.pdf\" esiste già. Sostituirlo?"));
     const auto& carte = utente.transcript().papers;
     ASSERT_EQ(carte.size(), 2U);
     EXPECT_EQ(carte[0].path, "");
