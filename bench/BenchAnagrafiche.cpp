@@ -84,10 +84,11 @@ void ricercaArticoli(benchmark::State& stato)
     ProgrammaDiProva prova;
     aggiungiArticoli(prova.sessione(), moltiRecord, unoOgni);
     for (auto _ : stato) {
-        const Misura tutti = misura(prova, "SELECT * FROM Articoli WHERE DescrizionePrincipale LIKE '%vite%'",
-                                    [&] { return RicercaArticolo(prova.sessione(), 3, "vite"); });
+        const Misura tutti = misura(prova, "SELECT * FROM Articoli WHERE DescrizionePrincipale LIKE '%vite%'", [&] {
+            return RicercaArticolo(prova.sessione(), CampoArticolo::descrizione, "vite");
+        });
         const Misura pochi = misura(prova, "SELECT * FROM Articoli WHERE CodiceMagazzino LIKE '%raro%'",
-                                    [&] { return RicercaArticolo(prova.sessione(), 0, "raro"); });
+                                    [&] { return RicercaArticolo(prova.sessione(), CampoArticolo::codice, "raro"); });
         riporta(stato, tutti, pochi);
     }
 }
@@ -102,8 +103,10 @@ void ricercaClienti(benchmark::State& stato)
                                "Clienti WHERE Cliente LIKE '";
     for (auto _ : stato) {
         const auto cerca = [&](const char* nome) {
-            return misura(prova, inizio + nome + "%' And Tipo LIKE '%C%'",
-                          [&] { return RicercaClientiFornitori(prova.sessione(), 0, nome, 0); });
+            return misura(prova, inizio + nome + "%' And Tipo LIKE '%C%'", [&] {
+                return RicercaClientiFornitori(prova.sessione(), TabellaAnagrafica::clienti, nome,
+                                               CampoAnagrafica::nome);
+            });
         };
         riporta(stato, cerca("ferr"), cerca("rara"));
     }

@@ -10,8 +10,6 @@ namespace bravona {
 
 namespace {
 
-constexpr int tabellaClienti = 0;
-constexpr int perNome = 0;
 constexpr std::size_t nome = 0;
 constexpr std::size_t secondaRiga = 1;
 constexpr std::size_t indirizzo = 2;
@@ -159,7 +157,8 @@ void BloccoCliente::nessunCliente()
 void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
 {
     if (id <= 0) {
-        id = RicercaClientiFornitori(sessione_, tabellaClienti, txtCliente[nome].text(), perNome);
+        id = RicercaClientiFornitori(sessione_, TabellaAnagrafica::clienti, txtCliente[nome].text(),
+                                     CampoAnagrafica::nome);
         if (id == ricerca::nessunRecord) {
             nessunRecord();
             return;

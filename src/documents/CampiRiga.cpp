@@ -18,8 +18,6 @@ namespace {
 
 constexpr int perCodice = 0;
 constexpr int perDescrizione = 1;
-constexpr int ricercaPerCodice = 0;  // search keys of the article search
-constexpr int ricercaPerDescrizione = 3;
 const std::string testoEsente = "E - 0%";  // the VAT code of exempt customers, as the combo shows it
 
 // The text that stays when what is selected is typed over.
@@ -390,8 +388,8 @@ void CampiRiga::ImpostaArticolo(int modo)
 {
     const Finche inCorso(inRicerca_);
     const std::int32_t id = modo == perCodice
-                                ? RicercaArticolo(sessione_, ricercaPerCodice, txtCodiceArticolo.text())
-                                : RicercaArticolo(sessione_, ricercaPerDescrizione, txtDescrizione.text());
+                                ? RicercaArticolo(sessione_, CampoArticolo::codice, txtCodiceArticolo.text())
+                                : RicercaArticolo(sessione_, CampoArticolo::descrizione, txtDescrizione.text());
     if (id == ricerca::annullata)
         return;
     clsArticolo articolo(sessione_);

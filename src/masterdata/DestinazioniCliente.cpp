@@ -56,6 +56,13 @@ Layout DestinazioniCliente::layout()
          rowEnd({of(cmdDestinazioni[0]), of(cmdDestinazioni[1])}), grow(of(lvwDestinazioni))});
 }
 
+TextBox* DestinazioniCliente::battuta()
+{
+    const auto piena =
+        std::ranges::find_if(txtDestinazioni, [](const TextBox& campo) { return !trim(campo.text()).empty(); });
+    return piena == txtDestinazioni.end() ? nullptr : &*piena;
+}
+
 void DestinazioniCliente::Aggiunge()
 {
     if (!regole_.puoAggiungere()) {

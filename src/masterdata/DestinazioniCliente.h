@@ -28,6 +28,8 @@ public:
     std::array<Button, 2> cmdDestinazioni{Button{"Aggiunge"}, Button{"Elimina"}};
 
     void registra(const std::function<void(const std::string&, Control&, int)>& aggiungi);
+    // The first box of a destination that is typed and not added; nullptr: none is.
+    [[nodiscard]] TextBox* battuta();
     [[nodiscard]] Layout layout();
 
 private:

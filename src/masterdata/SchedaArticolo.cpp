@@ -215,8 +215,64 @@ void SchedaArticolo::svuota(std::initializer_list<const Control*> tranne)
     mostraImmagine({});
     IDArticolo_ = nessuno;
     comeMostrate_ = {};
+    prezziMostrati_ = {};
     rileggiCodiciIva();
     CaricaDescrizioneListini();
+    ricordaContenuto();
+}
+
+void SchedaArticolo::onActivate()
+{
+    const bool intatto = !hasUnsavedWork();
+    rileggiCodiciIva();
+    CaricaDescrizioneListini();
+    if (intatto) {
+        ricordaContenuto();
+    }
+}
+
+bool SchedaArticolo::hasUnsavedWork() const
+{
+    return contenuto() != contenutoMostrato_ || prezziBattuti();
+}
+
+std::string SchedaArticolo::contenuto() const
+{
+    std::vector<const Control*> tranne = campiDiRicerca();
+    for (const TextBox& casella : txtEuro) {
+        tranne.push_back(&casella);
+    }
+    return fieldContents(tranne) + immagine_;
+}
+
+// A box that was only passed reads "0,00" instead of nothing.
+bool SchedaArticolo::prezziBattuti() const
+{
+    for (std::size_t i = 0; i < txtEuro.size(); ++i) {
+        const std::string& testo = txtEuro[i].text();
+        if (testo != prezziMostrati_[i] && !(prezziMostrati_[i].empty() && testo == "0,00")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void SchedaArticolo::ricordaContenuto()
+{
+    contenutoMostrato_ = contenuto();
+}
+
+void SchedaArticolo::mostraPrezzi()
+{
+    CaricaPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+    for (std::size_t i = 0; i < txtEuro.size(); ++i) {
+        prezziMostrati_[i] = txtEuro[i].text();
+    }
+}
+
+bool SchedaArticolo::registraPrezzi(std::int32_t idArticolo)
+{
+    return RegistraPrezziArticolo(sessione_, idArticolo, txtEuro, prezziMostrati_);
 }
 
 void SchedaArticolo::rileggiCodiciIva()
@@ -286,6 +342,13 @@ bool SchedaArticolo::VerificaRiempimentoCampiEssenziali()
     }
     if (cboCodiciIVA.listIndex() < 0) {
         desktop().inform("Manca il codice IVA dell'articolo!", titoloMessaggi);
+        SSTabSezioni.setTab(schedaDati);
+        cboCodiciIVA.setFocus();
+        return false;
+    }
+    // Without its code the article could never be shown again.
+    if (!EsisteCodiceIva(sessione_, cboCodiciIVA.itemData())) {
+        desktop().inform("Il codice IVA scelto non è più in archivio!", titoloMessaggi);
         SSTabSezioni.setTab(schedaDati);
         cboCodiciIVA.setFocus();
         return false;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "masterdata/clsArticolo.h"
 #include "masterdata/modFunzioniComuni.h"
@@ -34,6 +35,10 @@ public:
     ScrollBar vsbHeight{false};
     Button cmdImmagine{"Sceg&li immagine..."};
 
+    void onActivate() override;
+    [[nodiscard]] bool hasUnsavedWork() const override;
+    [[nodiscard]] std::string subject() const override { return titoloMessaggi; }
+
 protected:
     static constexpr const char* titoloMessaggi = "Anagrafica Articoli";
     // Of `txtArticolo`.
@@ -61,6 +66,11 @@ protected:
     void raccogli(clsArticolo& articolo);
     // Into the fields, prices aside; of an article that is stored.
     void mostra(const clsArticolo& articolo);
+    void mostraPrezzi();
+    // The prices that were typed, the others as the archive has them; false after having told the failure.
+    bool registraPrezzi(std::int32_t idArticolo);
+    // What is on the screen is no work of the person's: it was loaded, saved or is what an empty screen starts with.
+    void ricordaContenuto();
     // After a refusal by the store: into the box of a date that is none, or the code.
     void vaiAlCampoErrato();
     // False, after having told it, when a price is no amount or too big for one; it has the focus.
@@ -82,6 +92,9 @@ private:
     Layout paginaPrezzi();
     Layout paginaMagazzino();
     Layout paginaImmagine();
+    [[nodiscard]] virtual std::vector<const Control*> campiDiRicerca() const { return {}; }
+    [[nodiscard]] std::string contenuto() const;  // prices aside
+    [[nodiscard]] bool prezziBattuti() const;
     void rileggiCodiciIva();  // keeps the chosen one
     void CaricaDescrizioneListini();
     void dimensionaBarre();
@@ -90,6 +103,8 @@ private:
 
     std::string immagine_;                                 // path
     std::array<std::string, numeroCaselle> comeMostrate_;  // dates and figures as they were shown
+    std::array<std::string, numeroListini> prezziMostrati_;
+    std::string contenutoMostrato_;
 };
 
 }  // namespace bravona

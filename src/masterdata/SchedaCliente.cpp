@@ -170,6 +170,43 @@ void SchedaCliente::onLoad()
     sessione_.TipoAnagraficaCorrente = "C";
     Option1.choose();
     cambiaPagina();
+    ricordaContenuto();
+}
+
+std::string SchedaCliente::subject() const
+{
+    return anagrafica::titolo;
+}
+
+void SchedaCliente::onActivate()
+{
+    const bool intatto = !hasUnsavedWork();
+    rileggiPagamenti();
+    if (intatto) {
+        ricordaContenuto();
+    }
+}
+
+void SchedaCliente::rileggiPagamenti()
+{
+    const bool scelto = List1.listIndex() >= 0;
+    const std::int32_t pagamento = scelto ? List1.itemData() : 0;
+    List1.clear();
+    CaricaListaPagamenti(sessione_, List1);
+    if (scelto) {
+        List1.selectByData(pagamento);
+    }
+}
+
+bool SchedaCliente::proseguiSenzaDestinazione()
+{
+    TextBox* battuta = destinazioni.battuta();
+    if (battuta == nullptr ||
+        desktop().askBeforeLosing("C'è una destinazione non ancora aggiunta. Proseguire senza?", anagrafica::titolo)) {
+        return true;
+    }
+    fuocoSu(*battuta, anagrafica::paginaDestinazioni);
+    return false;
 }
 
 void SchedaCliente::cambiaPagina()
@@ -235,7 +272,7 @@ bool SchedaCliente::leggi(clsCliente& cliente)
         cliente.*membro = txtAnagrafica[indice].text();
     }
     cliente.Stato = txtStato.text();
-    cliente.Tipo = Option2.chosen() ? "F" : "C";
+    cliente.Tipo = tipoScelto();
     if (Combo1.listIndex() >= 0) {
         cliente.IDListino = Combo1.itemData();
     }

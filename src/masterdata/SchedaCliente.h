@@ -38,6 +38,9 @@ public:
     std::array<Button, 3> cmdCliente;
 
     void onLoad() override;
+    void onActivate() override;
+    [[nodiscard]] bool hasUnsavedWork() const override { return contenuto() != comeMostrato_; }
+    [[nodiscard]] std::string subject() const override;
 
 protected:
     SchedaCliente(Sessione& sessione, const char* nome, const char* titolo, RegoleDestinazioni regole,
@@ -54,6 +57,11 @@ protected:
     // a discount does not fit: told, and the focus stands there.
     [[nodiscard]] bool leggi(clsCliente& cliente);
     void mostra(const clsCliente& cliente);
+    // False when a destination is typed and not added, and the person wants to add it first.
+    [[nodiscard]] bool proseguiSenzaDestinazione();
+    [[nodiscard]] std::string tipoScelto() const { return Option2.chosen() ? "F" : "C"; }
+    // What is on the screen is no work of the person's: it was loaded, saved or is what an empty screen starts with.
+    void ricordaContenuto() { comeMostrato_ = contenuto(); }
     // Every field and the destinations. The kind of party stays.
     void pulisci();
     void fuocoSuPagina();  // the first box of the page
@@ -66,6 +74,10 @@ private:
     [[nodiscard]] Layout paginaCondizioni(std::vector<Layout> accantoPagamenti);
     void cambiaPagina();
     void abilitaEsenzione();
+    void rileggiPagamenti();  // keeps the chosen one
+    // The fields of the party.
+    [[nodiscard]] virtual std::string contenuto() const { return fieldContents(); }
+    std::string comeMostrato_;
     Sessione& sessione_;
     Label lblCliente_{"    Rag&ione sociale"};
     Label lblIndirizzo_{"    Indiri&zzo"};

@@ -10,43 +10,46 @@ std::string riga(std::int32_t id)
     return "SELECT * FROM CLienti WHERE IDcliente = " + std::to_string(id);
 }
 
+DatiCliente leggi(Recordset record)
+{
+    DatiCliente dati;
+    dati.IDCliente = record["IDCliente"].asLong();
+    dati.Cliente = record["Cliente"].text();
+    dati.ClienteSecondaRiga = record["ClienteSecondaRiga"].text();
+    dati.Indirizzo = record["Indirizzo"].text();
+    dati.Citta = record["Citta"].text();
+    dati.Provincia = record["Provincia"].text();
+    dati.Cap = record["Cap"].text();
+    dati.Telefono = record["Telefono"].text();
+    dati.TelefonoCellulare = record["TelefonoCellulare"].text();
+    dati.Fax = record["Fax"].text();
+    dati.PostaElettronica = record["PostaElettronica"].text();
+    dati.PartitaIva = record["PartitaIva"].text();
+    dati.CodiceFiscale = record["CodiceFiscale"].text();
+    dati.Banca = record["Banca"].text();
+    dati.Tipo = record["Tipo"].text();
+    dati.ABI = record["ABI"].text();
+    dati.CAB = record["CAB"].text();
+    dati.IDpagamento = record["IDpagamento"].longOr(0);
+    dati.IDListino = record["IDListino"].longOr(0);
+    dati.ScontoMaggiorazione1 = record["ScontoMaggiorazione1"].longOr(0);
+    dati.ScontoMaggiorazione2 = record["ScontoMaggiorazione2"].longOr(0);
+    dati.ScontoMaggiorazione3 = record["ScontoMaggiorazione3"].longOr(0);
+    dati.Stato = record["Stato"].text();
+    dati.DescrizioneEsenzioneIVA = record["DescrizioneEsenzioneIVA"].text();
+    dati.EstremiEsenzioneIVA = record["EstremiEsenzioneIVA"].text();
+    dati.EsenteIva = !record["EsenteIva"].isNull() && record["EsenteIva"].asBool();
+    dati.NoteGeneriche = record["NoteGeneriche"].text();
+    dati.VisualizzaNoteSuDocumenti =
+        !record["VisualizzaNoteSuDocumenti"].isNull() && record["VisualizzaNoteSuDocumenti"].asBool();
+    return dati;
+}
+
 }  // namespace
 
 bool clsCliente::RichiamaCliente(std::int32_t id)
 {
-    return protetto("RichiamaCliente", [&] {
-        Recordset record = DataBase->open(riga(id));
-        IDCliente = record["IDCliente"].asLong();
-        Cliente = record["Cliente"].text();
-        ClienteSecondaRiga = record["ClienteSecondaRiga"].text();
-        Indirizzo = record["Indirizzo"].text();
-        Citta = record["Citta"].text();
-        Provincia = record["Provincia"].text();
-        Cap = record["Cap"].text();
-        Telefono = record["Telefono"].text();
-        TelefonoCellulare = record["TelefonoCellulare"].text();
-        Fax = record["Fax"].text();
-        PostaElettronica = record["PostaElettronica"].text();
-        PartitaIva = record["PartitaIva"].text();
-        CodiceFiscale = record["CodiceFiscale"].text();
-        Banca = record["Banca"].text();
-        Tipo = record["Tipo"].text();
-        ABI = record["ABI"].text();
-        CAB = record["CAB"].text();
-        IDpagamento = record["IDpagamento"].longOr(0);
-        IDListino = record["IDListino"].longOr(0);
-        ScontoMaggiorazione1 = record["ScontoMaggiorazione1"].longOr(0);
-        ScontoMaggiorazione2 = record["ScontoMaggiorazione2"].longOr(0);
-        ScontoMaggiorazione3 = record["ScontoMaggiorazione3"].longOr(0);
-        Stato = record["Stato"].text();
-        DescrizioneEsenzioneIVA = record["DescrizioneEsenzioneIVA"].text();
-        EstremiEsenzioneIVA = record["EstremiEsenzioneIVA"].text();
-        EsenteIva = !record["EsenteIva"].isNull() && record["EsenteIva"].asBool();
-        NoteGeneriche = record["NoteGeneriche"].text();
-        VisualizzaNoteSuDocumenti =
-            !record["VisualizzaNoteSuDocumenti"].isNull() && record["VisualizzaNoteSuDocumenti"].asBool();
-        Listino.clear();
-    });
+    return protetto("RichiamaCliente", [&] { static_cast<DatiCliente&>(*this) = leggi(DataBase->open(riga(id))); });
 }
 
 void clsCliente::scrivi(Recordset& record) const

@@ -7,11 +7,8 @@
 
 namespace bravona {
 
-// One row of Clienti, customer or supplier. The operations answer false after having told the person why.
-class clsCliente final : public RigaDiTabella {
-public:
-    explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
-
+// The columns of Clienti.
+struct DatiCliente {
     bool VisualizzaNoteSuDocumenti = false;
     std::string NoteGeneriche, EstremiEsenzioneIVA, DescrizioneEsenzioneIVA;
     std::int32_t ScontoMaggiorazione1 = 0, ScontoMaggiorazione2 = 0, ScontoMaggiorazione3 = 0;  // percent
@@ -21,6 +18,14 @@ public:
         Telefono, Cap, Provincia, Citta, Indirizzo, ClienteSecondaRiga, Cliente;
     std::int32_t IDCliente = 0;
     std::string Listino;  // how the price list is called; not in the row, empty when it was read
+};
+
+// One row of Clienti, customer or supplier. The operations answer false after having told the person why.
+class clsCliente final : public RigaDiTabella, public DatiCliente {
+public:
+    explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
+
+    // All of the row or, when any of it cannot be read, none: the members stay as they are then.
     bool RichiamaCliente(std::int32_t id);
     bool RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
     bool ModificaCliente(std::int32_t id);

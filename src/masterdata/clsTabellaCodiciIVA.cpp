@@ -65,7 +65,7 @@ bool clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& r
 bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
 {
     return scrivi("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
-                      numeroIstruzione(aliquota) + ",'" + codice + "', '" + descrizione + "')",
+                      numeroIstruzione(aliquota) + "," + quoted(codice) + ", " + quoted(descrizione) + ")",
                   {.numero = errori::chiaveDuplicata,
                    .messaggio = "Attenzione! Il codice indicato e gia' presente in archivio.",
                    .modulo = "Modulo: clsTabellaCodiciIva",
@@ -84,8 +84,8 @@ bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
 
 bool clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
 {
-    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione='" + descrizione +
-                      "' WHERE IDCodiceIVA=" + std::to_string(id),
+    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione=" + quoted(descrizione) +
+                      " WHERE IDCodiceIVA=" + std::to_string(id),
                   {.numero = errori::testoObbligatorioVuoto,
                    .messaggio = "Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",
                    .modulo = "Nel modulo: clsTabellaCodiciIVA",

@@ -95,10 +95,7 @@ void frmAggiornamentoListino::creaMenu()
 void frmAggiornamentoListino::onLoad()
 {
     CentraFinestra(*this, false);
-    Recordset listini = sessione_.cn.open("SELECT Descrizione FROM DescrizioneListini ORDER BY IDListino");
-    for (std::int32_t numero = 1; !listini.eof(); listini.moveNext(), ++numero) {
-        cmbListini.addItem(std::to_string(numero) + " - " + listini["Descrizione"].text(), numero);
-    }
+    rileggiListini();
     for (const char* voce : {"(Nessun filtro)", "Codice articolo", "Descrizione"}) {
         cmbFiltro.addItem(voce);
     }
@@ -109,6 +106,24 @@ void frmAggiornamentoListino::onLoad()
         if (!combo->items().empty()) {
             combo->setListIndex(0);
         }
+    }
+}
+
+std::string frmAggiornamentoListino::subject() const
+{
+    return titoloMessaggi;
+}
+
+void frmAggiornamentoListino::rileggiListini()
+{
+    const int scelto = cmbListini.listIndex();
+    cmbListini.clear();
+    Recordset listini = sessione_.cn.open("SELECT Descrizione FROM DescrizioneListini ORDER BY IDListino");
+    for (std::int32_t numero = 1; !listini.eof(); listini.moveNext(), ++numero) {
+        cmbListini.addItem(std::to_string(numero) + " - " + listini["Descrizione"].text(), numero);
+    }
+    if (scelto >= 0 && scelto < static_cast<int>(cmbListini.items().size())) {
+        cmbListini.setListIndex(scelto);
     }
 }
 
@@ -127,7 +142,7 @@ std::string frmAggiornamentoListino::filtro() const
         return ordine;
     }
     const std::string campo = cmbFiltro.listIndex() == perCodice ? "CodiceMagazzino" : "DescrizionePrincipale";
-    return " AND " + campo + " LIKE '" + txtFiltro.text() + "'" + ordine;
+    return " AND " + campo + " LIKE " + quoted(txtFiltro.text()) + ordine;
 }
 
 void frmAggiornamentoListino::CaricaListino()

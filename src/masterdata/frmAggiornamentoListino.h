@@ -28,6 +28,9 @@ public:
     std::array<Button, 1> cmdAzioni{Button("&Chiudi")};
 
     void onLoad() override;
+    void onActivate() override { rileggiListini(); }
+    [[nodiscard]] bool hasUnsavedWork() const override { return !articoliSpuntati().empty(); }
+    [[nodiscard]] std::string subject() const override;
 
     // The prices of these articles (their keys) in the chosen list, up or down as chosen, by so many percent: all of
     // them or, false, none.
@@ -35,6 +38,7 @@ public:
 
 private:
     void creaMenu();
+    void rileggiListini();  // their names; keeps the chosen one
     void spunta(bool tutti);
     void CaricaListino();
     [[nodiscard]] std::string filtro() const;

@@ -18,6 +18,8 @@ public:
     std::array<Button, 2> Command1{Button("&Registra"), Button("&Annulla")};
 
     void onLoad() override;
+    [[nodiscard]] bool hasUnsavedWork() const override { return variato_; }
+    [[nodiscard]] std::string subject() const override { return caption(); }
 
 private:
     void Registra();

@@ -45,6 +45,7 @@ void frmInserimentoCodiceIva::Mostra(const std::string& codice, std::int16_t ali
 void frmInserimentoCodiceIva::onLoad()
 {
     CentraFinestra(*this, false);
+    comeMostrati_ = fieldContents();
 }
 
 bool frmInserimentoCodiceIva::onQueryUnload(CloseCause cause)

@@ -25,11 +25,14 @@ public:
     std::array<Button, 2> Command1{Button("&Registra"), Button("&Annulla")};
 
     void onLoad() override;
+    [[nodiscard]] bool hasUnsavedWork() const override { return fieldContents() != comeMostrati_; }
+    [[nodiscard]] std::string subject() const override { return "Tabella codici IVA"; }
     bool onQueryUnload(CloseCause cause) override;
 
 private:
     void Registra();
     void annulla();
+    std::string comeMostrati_;  // the fields before anybody typed
     Sessione& sessione_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "masterdata/modPagamenti.h"
 #include "session/modMain.h"
 
 namespace bravona {
@@ -25,6 +26,7 @@ frmModalitaPagamento::frmModalitaPagamento(Sessione& sessione)
 {
     DataGrid1.setAccessibleName("Modalità di pagamento");
     DataGrid1.onBeforeUpdate = [this] { completa(); };
+    DataGrid1.onBeforeDelete = [this] { return puoEliminare(); };
     DataGrid1.onButtonClick = [this](std::size_t) { cambiaDecorrenza(); };
     // Rows are deleted in the grid itself.
     cmdElimina.setToolTip("Una riga si elimina nella griglia, con Ctrl+Canc");
@@ -83,7 +85,7 @@ bool frmModalitaPagamento::onQueryUnload(CloseCause)
             throw;
         }
         desktop().report(errore);
-        return desktop().ask("Le modifiche non sono state salvate. Chiudere senza salvarle?", "Modalita pagamento");
+        return desktop().askBeforeLosing("Le modifiche non sono state salvate. Chiudere senza salvarle?", subject());
     }
 }
 
@@ -103,6 +105,13 @@ void frmModalitaPagamento::completa()
     if (decorrenza().empty()) {
         DataGrid1.setCellValue(colonnaDecorrenza_, dataFattura);
     }
+}
+
+bool frmModalitaPagamento::puoEliminare()
+{
+    const std::int32_t id = pagamenti_["IDmodalitaPagamento"].longOr(0);
+    return !ModalitaPagamentoUtilizzata(sessione_, id) ||
+           desktop().askBeforeLosing("La modalità è usata da clienti o documenti. Eliminarla?", subject());
 }
 
 void frmModalitaPagamento::cambiaDecorrenza()

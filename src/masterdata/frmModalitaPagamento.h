@@ -23,10 +23,12 @@ public:
     void onLoad() override;
     bool onQueryUnload(CloseCause cause) override;
     void onUnload() override;
+    [[nodiscard]] std::string subject() const override { return caption(); }
 
 private:
     [[nodiscard]] std::string decorrenza() const;  // "DF-FM" of the current row
     void completa();                               // the current row is about to be kept
+    [[nodiscard]] bool puoEliminare();             // the current row
     void cambiaDecorrenza();
     Sessione& sessione_;
     Recordset pagamenti_;

@@ -43,6 +43,7 @@ void frmRegistraArticolo::valoriIniziali()
     for (const std::size_t casella : caselleCifre) {
         txtArticolo[casella].setText("0,00");
     }
+    ricordaContenuto();
     vai(codice);
 }
 
@@ -76,7 +77,7 @@ bool frmRegistraArticolo::RegistraNuovoArticolo()
             vaiAlCampoErrato();
             return false;
         }
-        return RegistraPrezziArticolo(sessione_, articolo.IDArticolo, txtEuro);
+        return registraPrezzi(articolo.IDArticolo);
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmRegistraArticolo", "Routine: RegistraNuovoArticolo");
         return false;

@@ -48,6 +48,7 @@ void frmRegistraCliente::nuova()
     if (!List1.items().empty()) {
         List1.setListIndex(0);
     }
+    ricordaContenuto();
     SSTab1.setTab(paginaIndirizzo);
     fuocoSuPagina();
 }
@@ -56,9 +57,9 @@ bool frmRegistraCliente::giaPresente()
 {
     return sessione()
                .cn
-               .open("SELECT IDCliente FROM CLienti WHERE Cliente = '" + doubleQuotes(txtAnagrafica[cliente].text()) +
-                     "' AND Indirizzo = '" + doubleQuotes(txtAnagrafica[indirizzo].text()) + "' AND Citta = '" +
-                     doubleQuotes(txtAnagrafica[citta].text()) + "'")
+               .open("SELECT IDCliente FROM CLienti WHERE Cliente = " + quoted(txtAnagrafica[cliente].text()) +
+                     " AND Indirizzo = " + quoted(txtAnagrafica[indirizzo].text()) +
+                     " AND Citta = " + quoted(txtAnagrafica[citta].text()))
                .recordCount() > 0;
 }
 
@@ -74,7 +75,7 @@ void frmRegistraCliente::Registra()
     }
     clsCliente nuovo(sessione());
     nuovo.DataBase = &sessione().cn;
-    if (!leggi(nuovo)) {
+    if (!leggi(nuovo) || !proseguiSenzaDestinazione()) {
         return;
     }
     // A party whose destinations fail must not be left behind: the next attempt would find it.

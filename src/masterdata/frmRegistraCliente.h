@@ -12,6 +12,10 @@ public:
     Button Command1{"Cerca"};
 
     void onLoad() override;
+    [[nodiscard]] bool hasUnsavedWork() const override
+    {
+        return SchedaCliente::hasUnsavedWork() || destinazioni.lvwDestinazioni.rowCount() > 0;
+    }
 
 private:
     void Registra();

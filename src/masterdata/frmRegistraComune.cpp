@@ -57,9 +57,8 @@ bool frmRegistraComune::giaPresente()
     clsComuni comune(sessione_);
     campi.leggi(comune);
     return sessione_.cn
-               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = '" + doubleQuotes(comune.Comune) +
-                     "' AND Provincia = '" + doubleQuotes(comune.Provincia) + "' AND Cap = '" +
-                     doubleQuotes(comune.Cap) + "'")
+               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = " + quoted(comune.Comune) +
+                     " AND Provincia = " + quoted(comune.Provincia) + " AND Cap = " + quoted(comune.Cap))
                .recordCount() > 0;
 }
 

@@ -53,6 +53,7 @@ void frmVariazioneArticolo::onLoad()
     if (!cboCodiciIVA.items().empty()) {
         cboCodiciIVA.setListIndex(0);
     }
+    ricordaContenuto();
 }
 
 void frmVariazioneArticolo::onKeyDown(KeyEvent& evento)
@@ -72,7 +73,9 @@ void frmVariazioneArticolo::tornaAllaRicerca()
 
 void frmVariazioneArticolo::cerca()
 {
-    const std::int32_t id = RicercaArticolo(sessione_, cboCampoDiRicerca.listIndex(), txtChiaveRicerca.text());
+    const std::int32_t id =
+        RicercaArticolo(sessione_, static_cast<CampoArticolo>(cboCampoDiRicerca.listIndex()), txtChiaveRicerca.text());
+    txtChiaveRicerca.selectAll();
     if (id == ricerca::annullata) {
         return;
     }
@@ -93,9 +96,10 @@ void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
         tornaAllaRicerca();
         return;
     }
-    mostra(articolo);
-    CaricaPrezziArticolo(sessione_, id, txtEuro);
     IDArticolo_ = id;
+    mostra(articolo);
+    mostraPrezzi();
+    ricordaContenuto();
     vaiAlPrimoCampo();
 }
 
@@ -133,10 +137,11 @@ bool frmVariazioneArticolo::VariazioneArticoloEsistente()
             return false;
         }
         mostra(articolo);
-        if (!RegistraPrezziArticolo(sessione_, IDArticolo_, txtEuro)) {
+        if (!registraPrezzi(IDArticolo_)) {
             return false;
         }
-        CaricaPrezziArticolo(sessione_, IDArticolo_, txtEuro);
+        mostraPrezzi();
+        ricordaContenuto();
         return true;
     } catch (const Errore& errore) {
         MostraErroreStandard(desktop(), errore, "Modulo: frmVariazioneArticolo",

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "masterdata/SchedaArticolo.h"
 
@@ -21,6 +22,10 @@ public:
     void onKeyDown(KeyEvent& evento) override;
 
 private:
+    [[nodiscard]] std::vector<const Control*> campiDiRicerca() const override
+    {
+        return {&txtChiaveRicerca, &cboCampoDiRicerca};
+    }
     void cerca();
     void tornaAllaRicerca();
     void VisualizzaArticolo(std::int32_t id);

@@ -13,7 +13,6 @@ using namespace anagrafica;
 namespace {
 constexpr const char* titoloCliente = "Cliente";
 constexpr const char* modulo = "Modulo: frmVariazioneCliente";
-constexpr int tabellaClienti = 0;
 }  // namespace
 
 frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
@@ -78,6 +77,19 @@ void frmVariazioneCliente::onLoad()
     }
 }
 
+void frmVariazioneCliente::onActivate()
+{
+    SchedaCliente::onActivate();
+    if (caricato_) {
+        lblModalitaPagamento.setCaption(DescrizioneModalitaPagamento(sessione(), caricato_->IDpagamento));
+    }
+}
+
+std::string frmVariazioneCliente::contenuto() const
+{
+    return fieldContents({&Combo2, &txtCercaCliente});
+}
+
 void frmVariazioneCliente::onKeyDown(KeyEvent& evento)
 {
     if (evento.key == Key::f3) {
@@ -91,17 +103,18 @@ void frmVariazioneCliente::Ricerca()
     std::int32_t id = IDCliente;
     IDCliente = 0;
     if (id <= 0) {
-        id = RicercaClientiFornitori(sessione(), tabellaClienti, txtCercaCliente.text(), Combo2.listIndex());
+        // The lit option is the kind that is searched, whatever another window has set meanwhile.
+        sessione().TipoAnagraficaCorrente = tipoScelto();
+        id = RicercaClientiFornitori(sessione(), TabellaAnagrafica::clienti, txtCercaCliente.text(),
+                                     static_cast<CampoAnagrafica>(Combo2.listIndex()));
     }
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", titoloCliente);
         txtCercaCliente.setFocus();
-        txtCercaCliente.selectAll();
-    } else if (id == ricerca::annullata) {
-        txtCercaCliente.selectAll();
-    } else {
+    } else if (id != ricerca::annullata) {
         carica(id);
     }
+    txtCercaCliente.selectAll();
 }
 
 void frmVariazioneCliente::carica(std::int32_t id)
@@ -123,6 +136,7 @@ void frmVariazioneCliente::carica(std::int32_t id)
     caricato_.emplace(letto);
     mostra(letto);
     lblModalitaPagamento.setCaption(pagamento);
+    ricordaContenuto();
     fuocoSuPagina();
 }
 
@@ -146,6 +160,7 @@ void frmVariazioneCliente::svuota()
     caricato_.reset();
     lblModalitaPagamento.setCaption({});
     Combo2.setListIndex(0);
+    ricordaContenuto();
 }
 
 bool frmVariazioneCliente::puoAggiungere()
@@ -208,7 +223,7 @@ void frmVariazioneCliente::Aggiorna()
         return;
     }
     clsCliente dati = *caricato_;
-    if (!controllaDatiEssenziali() || !leggi(dati) || !registra(dati)) {
+    if (!controllaDatiEssenziali() || !leggi(dati) || !proseguiSenzaDestinazione() || !registra(dati)) {
         return;
     }
     Annuncia(sessione(), "Anagrafica aggiornata");

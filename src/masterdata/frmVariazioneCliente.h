@@ -20,9 +20,11 @@ public:
     Label lblModalitaPagamento;
 
     void onLoad() override;
+    void onActivate() override;
     void onKeyDown(KeyEvent& evento) override;
 
 private:
+    [[nodiscard]] std::string contenuto() const override;
     void Ricerca();
     void carica(std::int32_t id);
     void Aggiorna();

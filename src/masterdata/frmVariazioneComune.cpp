@@ -96,7 +96,7 @@ void frmVariazioneComune::Ricerca()
     std::int32_t id = IDCodiceComune;
     IDCodiceComune = 0;
     if (id <= 0) {
-        id = RicercaComuni(sessione_, cboCampoDiRicerca.listIndex(), txtCercaComune.text());
+        id = RicercaComuni(sessione_, static_cast<CampoComune>(cboCampoDiRicerca.listIndex()), txtCercaComune.text());
     }
     if (id == ricerca::nessunRecord) {
         desktop().inform("Nessun record trovato!", "Cliente");

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/text/Text.h"
 #include "platform/values/Numeri.h"
 #include "session/modMain.h"
 
@@ -11,6 +12,20 @@ namespace {
 constexpr const char* zero = "0,00";
 constexpr const char* formatoPrezzo = "###,###,##0.00";
 constexpr std::array unita{"Pz", "Nr", "Mt", "Cm", "Mm", "Kg", "Gr", "Sa"};
+
+// Of the first lists, 0 where the article has none; one beyond has no box.
+std::array<Currency, numeroListini> prezziInArchivio(Sessione& sessione, std::int32_t idArticolo)
+{
+    std::array<Currency, numeroListini> prezzi{};
+    Recordset record = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
+    for (; !record.eof(); record.moveNext()) {
+        const auto posto = static_cast<std::size_t>(record["IDListino"].longOr(0) - 1);
+        if (posto < prezzi.size()) {
+            prezzi.at(posto) = record["Prezzo"].currencyOr({});
+        }
+    }
+    return prezzi;
+}
 
 }  // namespace
 
@@ -31,30 +46,40 @@ void CaricaUnitaMisura(ComboBox& combo)
     }
 }
 
+bool EsisteCodiceIva(Sessione& sessione, std::int32_t id)
+{
+    return sessione.cn.open("SELECT IDCodiceIva FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id))
+               .recordCount() >= 1;
+}
+
 bool EsisteCodiceArticolo(Sessione& sessione, const std::string& codice, std::int32_t id)
 {
-    std::string istruzione = "SELECT IDArticolo, CodiceMagazzino FROM Articoli WHERE CodiceMagazzino='" + codice + "' ";
+    std::string istruzione =
+        "SELECT IDArticolo, CodiceMagazzino FROM Articoli WHERE CodiceMagazzino=" + quoted(codice) + " ";
     if (id != -1) {
         istruzione += " AND IDArticolo <> " + std::to_string(id);
     }
     return sessione.cn.open(istruzione).recordCount() >= 1;
 }
 
-bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro)
+bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro,
+                            std::span<const std::string, numeroListini> comeMostrati)
 {
     try {
         Transaction tutti(sessione.cn);
+        const std::array<Currency, numeroListini> inArchivio = prezziInArchivio(sessione, idArticolo);
         sessione.cn.execute("DELETE * FROM ListiniPrezzi WHERE IDarticolo= " + std::to_string(idArticolo));
         Recordset prezzi = sessione.cn.openTable("ListiniPrezzi");
-        int listino = 0;
-        for (TextBox& casella : txtEuro) {
+        for (std::size_t i = 0; i < numeroListini; ++i) {
+            TextBox& casella = txtEuro[i];
+            const bool battuto = casella.text() != comeMostrati[i];
             if (casella.text().empty()) {
                 casella.setText(zero);
             }
             prezzi.addNew();
             prezzi["IDArticolo"] = int{idArticolo};
-            prezzi["IDListino"] = ++listino;
-            prezzi["Prezzo"] = toCurrency(casella.text());
+            prezzi["IDListino"] = static_cast<int>(i) + 1;
+            prezzi["Prezzo"] = battuto ? toCurrency(casella.text()) : inArchivio.at(i);
             prezzi.update();
         }
         prezzi.close();
@@ -69,16 +94,9 @@ bool RegistraPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::sp
 
 void CaricaPrezziArticolo(Sessione& sessione, std::int32_t idArticolo, std::span<TextBox, numeroListini> txtEuro)
 {
-    for (TextBox& casella : txtEuro) {
-        casella.setText(zero);
-    }
-    Recordset prezzi = sessione.cn.open("SELECT * FROM ListiniPrezzi WHERE IDarticolo = " + std::to_string(idArticolo));
-    for (; !prezzi.eof(); prezzi.moveNext()) {
-        // Of the first lists; one beyond has no box.
-        const auto posto = static_cast<std::size_t>(prezzi["IDListino"].longOr(0) - 1);
-        if (posto < txtEuro.size()) {
-            txtEuro[posto].setText(format(prezzi["Prezzo"].currencyOr({}), formatoPrezzo));
-        }
+    const std::array<Currency, numeroListini> prezzi = prezziInArchivio(sessione, idArticolo);
+    for (std::size_t i = 0; i < numeroListini; ++i) {
+        txtEuro[i].setText(format(prezzi.at(i), formatoPrezzo));
     }
 }
 

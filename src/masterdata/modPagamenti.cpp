@@ -1,5 +1,8 @@
 #include "masterdata/modPagamenti.h"
 
+#include <algorithm>
+#include <array>
+
 namespace bravona {
 
 namespace {
@@ -42,6 +45,15 @@ std::string DescrizioneModalitaPagamento(Sessione& sessione, std::int32_t id)
     }
     return nome(sessione.cn.open("SELECT ModalitaPagamento FROM ModalitaPagamento WHERE IDModalitaPagamento= " +
                                  std::to_string(id)));
+}
+
+bool ModalitaPagamentoUtilizzata(Sessione& sessione, std::int32_t id)
+{
+    constexpr std::array usi{"Clienti WHERE IDpagamento=", "Fatture WHERE IDmodalitaPagamento=",
+                             "Bolle WHERE IDmodalitaPagamento=", "Proforma WHERE IDmodalitaPagamento="};
+    return std::ranges::any_of(usi, [&](const char* uso) {
+        return sessione.cn.open("SELECT TOP 1 IDCliente FROM " + (uso + std::to_string(id))).recordCount() > 0;
+    });
 }
 
 }  // namespace bravona

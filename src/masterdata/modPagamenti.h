@@ -14,5 +14,7 @@ void CaricaListaPagamenti(Sessione& sessione, ComboBox& lista);
 // The method's name; the empty text for one that is not there.
 std::string NomePagamento(Sessione& sessione, std::int32_t id);
 std::string DescrizioneModalitaPagamento(Sessione& sessione, std::int32_t id);
+// Whether a party or a document has it.
+bool ModalitaPagamentoUtilizzata(Sessione& sessione, std::int32_t id);
 
 }  // namespace bravona

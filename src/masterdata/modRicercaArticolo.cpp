@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/text/Text.h"
+
 namespace bravona {
 
 namespace {
@@ -13,34 +15,30 @@ constexpr std::array colonne{ricerca::Colonna{"Cod.Articolo", "CodiceMagazzino",
                              ricerca::Colonna{"Descrizione Secondaria", "DescrizioneSecondaria1", 2400},
                              ricerca::Colonna{"Note", "DescrizioneSecondaria2", 2000}};
 
-constexpr int perCodiceBarre = 1;
-constexpr int perCodiceFornitore = 2;
-
-std::string filtro(int indiceCampo, const std::string& testo)
+std::string filtro(CampoArticolo campo, const std::string& testo)
 {
-    switch (indiceCampo) {
-    case 0:
-        return "WHERE CodiceMagazzino LIKE '%" + testo + "%'";
-    case perCodiceBarre:
-        return "WHERE CodiceBarreFornitore LIKE '" + testo + "'";
-    case perCodiceFornitore:
-        return "WHERE CodiceFornitore LIKE '" + testo + "'";
-    case 3:
-        return "WHERE DescrizionePrincipale LIKE '%" + testo + "%'";
-    default:
-        throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
+    switch (campo) {
+    case CampoArticolo::codice:
+        return "WHERE CodiceMagazzino LIKE " + quoted("%" + testo + "%");
+    case CampoArticolo::codiceBarre:
+        return "WHERE CodiceBarreFornitore LIKE " + quoted(testo);
+    case CampoArticolo::codiceFornitore:
+        return "WHERE CodiceFornitore LIKE " + quoted(testo);
+    case CampoArticolo::descrizione:
+        return "WHERE DescrizionePrincipale LIKE " + quoted("%" + testo + "%");
     }
+    throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
 }
 
 }  // namespace
 
-std::int32_t RicercaArticolo(Sessione& sessione, int indiceCampo, const std::string& testo)
+std::int32_t RicercaArticolo(Sessione& sessione, CampoArticolo campo, const std::string& testo)
 {
     // These two match whole: without a text they match none, also not the articles that have no such code.
-    if (testo.empty() && (indiceCampo == perCodiceBarre || indiceCampo == perCodiceFornitore)) {
+    if (testo.empty() && (campo == CampoArticolo::codiceBarre || campo == CampoArticolo::codiceFornitore)) {
         return ricerca::nessunRecord;
     }
-    return ricerca::esegui(sessione, {.istruzione = "SELECT * FROM Articoli " + filtro(indiceCampo, testo),
+    return ricerca::esegui(sessione, {.istruzione = "SELECT * FROM Articoli " + filtro(campo, testo),
                                       .chiave = "IDArticolo",
                                       .colonne = colonne,
                                       .schermata = "frmSelezioneArticolo",

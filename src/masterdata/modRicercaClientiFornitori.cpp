@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/text/Text.h"
+#include "session/modMain.h"
 
 namespace bravona {
 
@@ -19,36 +20,60 @@ constexpr std::array<ricerca::Colonna, 5> colonne(const char* nome)
 constexpr auto colonneClienti = colonne("Cliente");
 constexpr auto colonneFornitori = colonne("Fornitore");
 
-std::string filtroAltroCampo(int indiceCampo, const std::string& testo)
+std::string filtroAltroCampo(CampoAnagrafica campo, const std::string& testo)
 {
     constexpr std::array campi{"Telefono", "PartitaIva", "CodiceFiscale", "Indirizzo"};
-    if (indiceCampo < 1 || indiceCampo > static_cast<int>(campi.size())) {
+    const auto quale = static_cast<std::size_t>(campo) - 1;
+    if (quale >= campi.size()) {
         throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
     }
-    return std::string(campi[static_cast<std::size_t>(indiceCampo - 1)]) + " LIKE '%" + testo + "%'";
+    return campi.at(quale) + (" LIKE " + quoted("%" + testo + "%"));
+}
+
+std::string filtroNome(const std::string& testo, const std::string& tipo)
+{
+    return "Cliente LIKE " + quoted(testo + "%") + " And Tipo LIKE '%" + tipo + "%'";
+}
+
+// The other kind may have what this one has not.
+void segnalaAltroTipo(Sessione& sessione, const std::string& testo)
+{
+    const bool cercatiClienti = sessione.TipoAnagraficaCorrente == "C";
+    const std::size_t altri =
+        sessione.cn.open("SELECT IDcliente FROM Clienti WHERE " + filtroNome(testo, cercatiClienti ? "F" : "C"))
+            .recordCount();
+    if (altri > 0) {
+        Annuncia(sessione, std::string(cercatiClienti ? "Nessun cliente" : "Nessun fornitore") +
+                               " con questo nome; tra i " + (cercatiClienti ? "fornitori" : "clienti") +
+                               (altri == 1 ? " ce n'è 1" : " ce ne sono " + std::to_string(altri)));
+    }
 }
 
 }  // namespace
 
-std::int32_t RicercaClientiFornitori(Sessione& sessione, int tipoAnagrafica, const std::string& testo, int indiceCampo)
+std::int32_t RicercaClientiFornitori(Sessione& sessione, TabellaAnagrafica tabella, const std::string& testo,
+                                     CampoAnagrafica campo)
 {
-    const std::string cercato = doubleQuotes(testo);
-    const bool fornitori = tipoAnagrafica == 1;
+    const bool fornitori = tabella == TabellaAnagrafica::fornitori;
     std::string istruzione =
         fornitori ? "SELECT IDfornitore, Fornitore, Telefono, PartitaIva,CodiceFiscale,Indirizzo FROM Fornitori WHERE "
                   : "SELECT IDcliente, Cliente, Telefono, PartitaIva,CodiceFiscale,Indirizzo, Tipo FROM Clienti WHERE ";
-    if (indiceCampo != 0) {
-        istruzione += filtroAltroCampo(indiceCampo, cercato);
+    if (campo != CampoAnagrafica::nome) {
+        istruzione += filtroAltroCampo(campo, testo);
     } else if (fornitori) {
-        istruzione += "Fornitore LIKE '%" + cercato + "%'";
+        istruzione += "Fornitore LIKE " + quoted("%" + testo + "%");
     } else {
-        istruzione += "Cliente LIKE '" + cercato + "%' And Tipo LIKE '%" + sessione.TipoAnagraficaCorrente + "%'";
+        istruzione += filtroNome(testo, sessione.TipoAnagraficaCorrente);
     }
-    return ricerca::esegui(sessione, {.istruzione = istruzione,
-                                      .chiave = fornitori ? "IDfornitore" : "IDcliente",
-                                      .colonne = fornitori ? colonneFornitori : colonneClienti,
-                                      .schermata = "frmSelezioneRecord",
-                                      .risposta = sessione.SelezioneRecord});
+    const std::int32_t trovato = ricerca::esegui(sessione, {.istruzione = istruzione,
+                                                            .chiave = fornitori ? "IDfornitore" : "IDcliente",
+                                                            .colonne = fornitori ? colonneFornitori : colonneClienti,
+                                                            .schermata = "frmSelezioneRecord",
+                                                            .risposta = sessione.SelezioneRecord});
+    if (trovato == ricerca::nessunRecord && campo == CampoAnagrafica::nome && !fornitori) {
+        segnalaAltroTipo(sessione, testo);
+    }
+    return trovato;
 }
 
 }  // namespace bravona

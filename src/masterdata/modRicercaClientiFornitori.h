@@ -8,9 +8,14 @@
 
 namespace bravona {
 
-// By name from its start, of the kind in `TipoAnagraficaCorrente` (0), or, of either kind and anywhere, by telephone
-// (1), VAT number (2), tax code (3), address (4). `tipoAnagrafica` 0 searches Clienti, 1 Fornitori. One match is the
-// answer at once, several are shown to choose from. The key, or ricerca::nessunRecord, ricerca::annullata.
-std::int32_t RicercaClientiFornitori(Sessione& sessione, int tipoAnagrafica, const std::string& testo, int indiceCampo);
+// In the order of the choices on the screen.
+enum class CampoAnagrafica { nome, telefono, partitaIva, codiceFiscale, indirizzo };
+enum class TabellaAnagrafica { clienti, fornitori };
+
+// By name from its start, of the kind in `TipoAnagraficaCorrente`, or, of either kind and anywhere, by another field.
+// One match is the answer at once, several are shown to choose from. The key, or ricerca::nessunRecord,
+// ricerca::annullata. When only the other kind has such a name, the status bar says so.
+std::int32_t RicercaClientiFornitori(Sessione& sessione, TabellaAnagrafica tabella, const std::string& testo,
+                                     CampoAnagrafica campo);
 
 }  // namespace bravona

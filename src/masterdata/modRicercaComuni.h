@@ -8,8 +8,11 @@
 
 namespace bravona {
 
-// By name (0), province (1) or postcode (2), from their start. One match is the answer at once, several are shown to
+// In the order of the choices on the screen.
+enum class CampoComune { comune, provincia, cap };
+
+// By name, province or postcode, from their start. One match is the answer at once, several are shown to
 // choose from. The key, or ricerca::nessunRecord, ricerca::annullata.
-std::int32_t RicercaComuni(Sessione& sessione, int indiceCampo, const std::string& testo);
+std::int32_t RicercaComuni(Sessione& sessione, CampoComune campo, const std::string& testo);
 
 }  // namespace bravona

@@ -12,13 +12,13 @@ struct CodiceIva {
     int aliquota;             // percent
     std::string_view descrizione;
 };
-// "E" comes first: exempt customers' articles look for it.
+// A new article starts with the first one. The exempt customers' code is found by its letter.
 constexpr std::array codiciIva = {
-    CodiceIva{"E", 0, "Esente art. 10 D.P.R. 633/72"},
     CodiceIva{"O", 22, "Aliquota ordinaria 22%"},
     CodiceIva{"R", 10, "Aliquota ridotta 10%"},
     CodiceIva{"S", 5, "Aliquota ridotta 5%"},
     CodiceIva{"M", 4, "Aliquota minima 4%"},
+    CodiceIva{"E", 0, "Esente art. 10 D.P.R. 633/72"},
     CodiceIva{"N", 0, "Non imponibile art. 8 D.P.R. 633/72"},
     CodiceIva{"F", 0, "Fuori campo IVA art. 15 D.P.R. 633/72"},
     CodiceIva{"I", 0, "Inversione contabile art. 17 D.P.R. 633/72"},

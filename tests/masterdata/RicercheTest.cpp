@@ -35,6 +35,11 @@ protected:
         }
     }
 
+    std::int32_t cercaParte(const std::string& testo, CampoAnagrafica campo = CampoAnagrafica::nome)
+    {
+        return RicercaClientiFornitori(sessione, TabellaAnagrafica::clienti, testo, campo);
+    }
+
     // Leaves the pick-list by Escape and notes how many rows it had.
     void contaEAnnulla()
     {
@@ -56,17 +61,19 @@ TEST_F(Ricerche, OneMatchIsTheAnswerAndNoneIsMinusOne)
     for (const Caso& caso : {Caso{0, "b", 3}, Caso{0, "12", 2}, Caso{0, "zz", -1}, Caso{1, "800100", 1},
                              Caso{1, "8001", -1}, Caso{1, "%200", 2}, Caso{1, "", -1}, Caso{2, "", -1},
                              Caso{2, "f20", 2}, Caso{2, "F", -1}, Caso{3, "bul", 3}, Caso{3, "PER VITE", 2}}) {
-        EXPECT_EQ(RicercaArticolo(sessione, caso.indice, caso.testo), caso.atteso) << caso.indice << " " << caso.testo;
+        EXPECT_EQ(RicercaArticolo(sessione, CampoArticolo{caso.indice}, caso.testo), caso.atteso)
+            << caso.indice << " " << caso.testo;
     }
     for (const Caso& caso :
          {Caso{0, "rossin", 2}, Caso{0, "l'e", 3}, Caso{0, "dera", -1}, Caso{0, "rosso", -1}, Caso{0, "rosa", -1},
           Caso{1, "999", 4}, Caso{1, "070", 5}, Caso{2, "02", 2}, Caso{3, "dr", 3}, Caso{4, "corso", 5}}) {
-        EXPECT_EQ(RicercaClientiFornitori(sessione, 0, caso.testo, caso.indice), caso.atteso)
+        EXPECT_EQ(cercaParte(caso.testo, CampoAnagrafica{caso.indice}), caso.atteso)
             << caso.indice << " " << caso.testo;
     }
     for (const Caso& caso :
          {Caso{0, "torr", 2}, Caso{0, "ino", -1}, Caso{1, "a", 3}, Caso{2, "00", -1}, Caso{2, "1006", 2}}) {
-        EXPECT_EQ(RicercaComuni(sessione, caso.indice, caso.testo), caso.atteso) << caso.indice << " " << caso.testo;
+        EXPECT_EQ(RicercaComuni(sessione, CampoComune{caso.indice}, caso.testo), caso.atteso)
+            << caso.indice << " " << caso.testo;
     }
     EXPECT_EQ(utente.boxCount(), 0U);
 }
@@ -74,14 +81,14 @@ TEST_F(Ricerche, OneMatchIsTheAnswerAndNoneIsMinusOne)
 TEST_F(Ricerche, TheNameSearchKeepsToTheCurrentKind)
 {
     sessione.TipoAnagraficaCorrente = "F";
-    EXPECT_EQ(RicercaClientiFornitori(sessione, 0, "ross", 0), 4);
-    EXPECT_EQ(RicercaClientiFornitori(sessione, 0, "011-123", 1), 1);
+    EXPECT_EQ(cercaParte("ross"), 4);
+    EXPECT_EQ(cercaParte("011-123", CampoAnagrafica::telefono), 1);
 }
 
 TEST_F(Ricerche, AnEmptyTextListsEveryPartyOfTheKind)
 {
     contaEAnnulla();
-    EXPECT_EQ(RicercaClientiFornitori(sessione, 0, "", 0), ricerca::annullata);
+    EXPECT_EQ(cercaParte(""), ricerca::annullata);
     EXPECT_EQ(righe_, 3U);
     EXPECT_EQ(sessione.SelezioneRecord, ricerca::annullata);
     EXPECT_EQ(utente.screens().find("frmSelezioneRecord"), nullptr);
@@ -94,7 +101,7 @@ TEST_F(Ricerche, EnterTakesTheSelectedRow)
         utente.key(Key::down);
         utente.key(Key::enter);
     });
-    EXPECT_EQ(RicercaClientiFornitori(sessione, 0, "ross", 0), 2);
+    EXPECT_EQ(cercaParte("ross"), 2);
     EXPECT_EQ(sessione.SelezioneRecord, 2);
 }
 
@@ -109,7 +116,7 @@ TEST_F(Ricerche, ADoubleClickTakesItsRowAfterSortingByHeading)
         EXPECT_EQ(lista.row(0).cell(3), "Dado, per vite");
         utente.doubleClickRow(lista, 0);
     });
-    EXPECT_EQ(RicercaArticolo(sessione, 3, "vite"), 2);
+    EXPECT_EQ(RicercaArticolo(sessione, CampoArticolo::descrizione, "vite"), 2);
 }
 
 TEST_F(Ricerche, EveryWayOutOfTheListWithoutAChoiceCancels)
@@ -121,16 +128,17 @@ TEST_F(Ricerche, EveryWayOutOfTheListWithoutAChoiceCancels)
         sessione.SelezioneRecord = 7;
         sessione.SelezioneArticolo = 7;
         utente.inModal(via);
-        EXPECT_EQ(RicercaArticolo(sessione, 0, "a"), ricerca::annullata);
+        EXPECT_EQ(RicercaArticolo(sessione, CampoArticolo::codice, "a"), ricerca::annullata);
         EXPECT_EQ(sessione.SelezioneRecord, ricerca::annullata);
     }
 }
 
-TEST_F(Ricerche, AQuoteIsDoubledForPartiesButNotForArticles)
+TEST_F(Ricerche, AQuoteIsDoubled)
 {
-    EXPECT_EQ(RicercaClientiFornitori(sessione, 0, "L'", 0), 3);
-    EXPECT_EQ(RicercaComuni(sessione, 0, "L'"), -1);
-    EXPECT_THROW(RicercaArticolo(sessione, 3, "d'ottone"), Errore);
+    EXPECT_EQ(cercaParte("L'"), 3);
+    EXPECT_EQ(RicercaComuni(sessione, CampoComune::comune, "L'"), -1);
+    esegui("UPDATE Articoli SET DescrizionePrincipale = 'Olio d''oliva' WHERE IDArticolo = 2");
+    EXPECT_EQ(RicercaArticolo(sessione, CampoArticolo::descrizione, "d'oliva"), 2);
 }
 
 }  // namespace

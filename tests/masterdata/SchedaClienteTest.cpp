@@ -86,17 +86,20 @@ TEST_F(Scheda, OpensOnTheRowThatACallerNames)
     EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Bianchi");
 }
 
-TEST_F(Scheda, TheSearchGoesByTheKindOfTheSession)
+TEST_F(Scheda, TheSearchGoesByTheLitKindAndTellsOfTheOther)
 {
     esegui("INSERT INTO Clienti (IDCliente, Cliente, Indirizzo, Citta, Tipo) VALUES (7, 'Rossi', 'Via Po 1', 'Torino', "
            "'C')");
     auto& scheda = sessione.schermate().as<frmVariazioneCliente>("frmVariazioneCliente");
     scheda.show();
-    sessione.TipoAnagraficaCorrente = "F";
     scheda.txtCercaCliente.setText("ros");
+    scheda.Option2.choose();
+    sessione.TipoAnagraficaCorrente = "C";
     utente.key(Key::f3);
     EXPECT_EQ(ultimoMessaggio(), "Cliente: Nessun record trovato!");
-    sessione.TipoAnagraficaCorrente = "C";
+    EXPECT_EQ(scheda.txtCercaCliente.selLength(), 3U);
+    scheda.Option1.choose();
+    sessione.TipoAnagraficaCorrente = "F";
     utente.key(Key::f3);
     EXPECT_EQ(scheda.txtAnagrafica[0].text(), "Rossi");
 }

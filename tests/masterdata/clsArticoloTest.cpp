@@ -114,7 +114,7 @@ TEST_F(Articolo, PricesAreRewrittenTenByTen)
     txtEuro[0].setText("1.234,50");
     txtEuro[9].setText("0,0001");
     esegui("INSERT INTO ListiniPrezzi (IDArticolo, IDListino, Prezzo) VALUES (7, 11, 5)");
-    ASSERT_TRUE(RegistraPrezziArticolo(sessione, 7, txtEuro));
+    ASSERT_TRUE(RegistraPrezziArticolo(sessione, 7, txtEuro, std::array<std::string, numeroListini>()));
     EXPECT_EQ(txtEuro[1].text(), "0,00");
     EXPECT_EQ(riga("SELECT COUNT(*), MAX(IDListino), SUM(Prezzo) FROM ListiniPrezzi WHERE IDArticolo=7"),
               "10|10|1234,5001");
@@ -129,11 +129,28 @@ TEST_F(Articolo, PricesAreRewrittenTenByTen)
     EXPECT_EQ(letti[9].text(), "0,00");
 }
 
+TEST_F(Articolo, APriceNobodyTypedIntoStaysAsTheArchiveHasIt)
+{
+    esegui("INSERT INTO ListiniPrezzi (IDArticolo, IDListino, Prezzo) VALUES (7, 1, 12.3456)");
+    esegui("INSERT INTO ListiniPrezzi (IDArticolo, IDListino, Prezzo) VALUES (7, 2, 10)");
+    std::array<TextBox, numeroListini> txtEuro;
+    CaricaPrezziArticolo(sessione, 7, txtEuro);
+    std::array<std::string, numeroListini> mostrati;
+    for (std::size_t i = 0; i < numeroListini; ++i) {
+        mostrati.at(i) = txtEuro.at(i).text();
+    }
+    txtEuro[2].setText("7,50");
+    esegui("UPDATE ListiniPrezzi SET Prezzo = 11 WHERE IDListino = 2");
+    ASSERT_TRUE(RegistraPrezziArticolo(sessione, 7, txtEuro, mostrati));
+    EXPECT_EQ(riga("SELECT COUNT(*), SUM(Prezzo) FROM ListiniPrezzi WHERE IDArticolo=7"), "10|30,8456");
+    EXPECT_EQ(riga("SELECT Prezzo FROM ListiniPrezzi WHERE IDArticolo=7 AND IDListino=1"), "12,3456");
+}
+
 TEST_F(Articolo, APriceThatIsNoAmountIsTold)
 {
     std::array<TextBox, numeroListini> txtEuro;
     txtEuro[2].setText("caro");
-    EXPECT_FALSE(RegistraPrezziArticolo(sessione, 7, txtEuro));
+    EXPECT_FALSE(RegistraPrezziArticolo(sessione, 7, txtEuro, std::array<std::string, numeroListini>()));
     EXPECT_NE(ultimoMessaggio().find("\nModulo: modFunzioniComuni\nRoutine: RegistraPrezziArticolo"),
               std::string::npos);
 

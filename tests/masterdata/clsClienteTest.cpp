@@ -103,6 +103,18 @@ TEST_F(Cliente, NullsAreReadAsNothing)
     EXPECT_EQ(tutti(letto), "Solo||||||||||||||||||||0|0|0|0|0|0|0|");
 }
 
+TEST_F(Cliente, APartyOfWhichAnythingCannotBeReadIsNotReadAtAll)
+{
+    ASSERT_TRUE(pieno(sessione).RegistraCliente());
+    clsCliente letto(sessione);
+    ASSERT_TRUE(letto.RichiamaCliente(1));
+    esegui("INSERT INTO Clienti (IDCliente, Cliente) VALUES (9, 'Mezzo')");
+    sessione.cn.executeNative("UPDATE Clienti SET ScontoMaggiorazione3 = 'rotto' WHERE IDCliente = 9");
+    EXPECT_FALSE(letto.RichiamaCliente(9));
+    EXPECT_NE(ultimoMessaggio().find("Nella routine: RichiamaCliente"), std::string::npos);
+    EXPECT_EQ(tutti(letto), tutti(pieno(sessione)));
+}
+
 TEST_F(Cliente, ThePriceListOfAnotherPartyKeepsNoName)
 {
     clsCliente scritto = pieno(sessione);

@@ -125,9 +125,9 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
     }
 }
 
-std::string doubleQuotes(std::string_view text)
+std::string quoted(std::string_view text)
 {
-    return replaceAll(text, "'", "''");
+    return "'" + replaceAll(text, "'", "''") + "'";
 }
 
 std::vector<std::string> split(std::string_view text, char separator)

@@ -255,6 +255,9 @@ bool DataGrid::userDeleteRow(std::size_t row)
     }
     try {
         set_->moveTo(row);
+        if (onBeforeDelete && !onBeforeDelete()) {
+            return false;
+        }
         set_->remove();
     } catch (const Errore& error) {
         return refused(error);

@@ -105,7 +105,7 @@ Control* Form::find(std::string_view fullName) const
     return nullptr;
 }
 
-std::string Form::fieldContents(std::initializer_list<const Control*> except) const
+std::string Form::fieldContents(const std::vector<const Control*>& except) const
 {
     constexpr std::array fields{ControlKind::textBox,  ControlKind::checkBox, ControlKind::optionButton,
                                 ControlKind::comboBox, ControlKind::listBox,  ControlKind::datePicker};

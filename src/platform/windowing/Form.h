@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -115,7 +114,7 @@ protected:
             add(part.name, *part.control, part.index);
     }
     // What stands in the fields, those `except` aside: differs from what it was once somebody typed or chose.
-    [[nodiscard]] std::string fieldContents(std::initializer_list<const Control*> except = {}) const;
+    [[nodiscard]] std::string fieldContents(const std::vector<const Control*>& except = {}) const;
     // Once, at the end of the constructor, after all controls were added.
     void setLayout(Layout layout);
 

@@ -162,6 +162,7 @@ public:
     bool allowAddNew = true;
     bool allowDelete = true;
     std::function<void()> onBeforeUpdate;                    // the current row is about to be committed
+    std::function<bool()> onBeforeDelete;                    // the same to be deleted; false keeps it
     std::function<void(std::size_t)> onButtonClick;          // column
     std::function<void(std::size_t, std::size_t)> onChange;  // row, column
 

@@ -33,6 +33,17 @@ int findText(const std::vector<ListItem>& items, const std::string& text)
     return -1;
 }
 
+template <class List>
+bool selectItem(List& list, std::int32_t data)
+{
+    const auto item = std::ranges::find(list.items(), data, &ListItem::data);
+    if (item == list.items().end()) {
+        return false;
+    }
+    list.setListIndex(static_cast<int>(item - list.items().begin()));
+    return true;
+}
+
 }  // namespace
 
 // --- combo ------------------------------------------------------------------------------------------------------
@@ -94,13 +105,7 @@ std::int32_t ComboBox::itemData() const
 
 bool ComboBox::selectByData(std::int32_t data)
 {
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-        if (items_[i].data == data) {
-            setListIndex(static_cast<int>(i));
-            return true;
-        }
-    }
-    return false;
+    return selectItem(*this, data);
 }
 
 bool ComboBox::selectByText(const std::string& text)
@@ -161,6 +166,11 @@ void ListBox::setListIndex(int index)
     if (onClick) {
         onClick();
     }
+}
+
+bool ListBox::selectByData(std::int32_t data)
+{
+    return selectItem(*this, data);
 }
 
 std::int32_t ListBox::itemData() const

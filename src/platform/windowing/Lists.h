@@ -63,6 +63,7 @@ public:
     [[nodiscard]] int listIndex() const { return index_; }
     void setListIndex(int index);
     [[nodiscard]] std::int32_t itemData() const;
+    bool selectByData(std::int32_t data);  // false, and nothing changes, when there is no such item
     [[nodiscard]] std::string shownText() const override
     {
         return index_ < 0 ? std::string() : items_[static_cast<std::size_t>(index_)].text;
