@@ -169,7 +169,7 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
     clsCliente cliente(sessione_);
     std::string pagamento;
     try {
-        if (!cliente.RichiamaCliente(id)) {
+        if (!cliente.RichiamaCliente(id).riferisci(sessione_.desktop())) {
             nessunCliente();
             return;
         }

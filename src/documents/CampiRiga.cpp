@@ -393,7 +393,7 @@ void CampiRiga::ImpostaArticolo(int modo)
     if (id == ricerca::annullata)
         return;
     clsArticolo articolo(sessione_);
-    if (id == ricerca::nessunRecord || !articolo.RichiamaArticolo(id)) {
+    if (id == ricerca::nessunRecord || !articolo.RichiamaArticolo(id).riferisci(sessione_.desktop())) {
         sessione_.desktop().inform("Nessun record trovato!", "Ricerca articolo");
         return;
     }

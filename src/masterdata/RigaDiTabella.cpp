@@ -6,25 +6,24 @@
 
 namespace bravona {
 
-void RigaDiTabella::riferisci(const Errore& errore, const char* routine) const
+Esito RigaDiTabella::fallito(const Errore& errore, const char* routine) const
 {
-    MostraErroreStandard(sessione_.desktop(), errore, "Nel modulo: " + modulo_,
-                         std::string("Nella routine: ") + routine);
+    return {.riuscito = false,
+            .messaggio = ErroreStandard(errore, "Nel modulo: " + modulo_, std::string("Nella routine: ") + routine)};
 }
 
-bool RigaDiTabella::protetto(const char* routine, const std::function<void()>& lavoro) const
+Esito RigaDiTabella::protetto(const char* routine, const std::function<void()>& lavoro) const
 {
     try {
         lavoro();
-        return true;
+        return {};
     } catch (const Errore& errore) {
-        riferisci(errore, routine);
-        return false;
+        return fallito(errore, routine);
     }
 }
 
-bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
-                              const Rifiuti& rifiuti, const Seguito& seguito) const
+Esito RigaDiTabella::inserisci(const char* routine, const char* tabella, const char* chiave, std::int32_t& id,
+                               const Rifiuti& rifiuti, const Seguito& seguito) const
 {
     bool inserita = false;
     bool inSeguito = false;
@@ -46,24 +45,23 @@ bool RigaDiTabella::inserisci(const char* routine, const char* tabella, const ch
             transazione->commit();
         }
         id = nuova;
-        return true;
+        return {};
     } catch (const Errore& errore) {
         // The transaction is over: nobody else waits for as long as a box stands.
         if (inSeguito) {
             throw;
         }
         if (!inserita && errore.numero() == errori::chiaveDuplicata) {
-            sessione_.desktop().inform(rifiuti.doppione, rifiuti.titolo);
-        } else if (!inserita && errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
-            sessione_.desktop().inform(rifiuti.senzaNome, rifiuti.titolo);
-        } else {
-            riferisci(errore, routine);
+            return {.riuscito = false, .messaggio = MessageBox{.title = rifiuti.titolo, .text = rifiuti.doppione}};
         }
-        return false;
+        if (!inserita && errore.numero() == errori::testoObbligatorioVuoto && !rifiuti.senzaNome.empty()) {
+            return {.riuscito = false, .messaggio = MessageBox{.title = rifiuti.titolo, .text = rifiuti.senzaNome}};
+        }
+        return fallito(errore, routine);
     }
 }
 
-bool RigaDiTabella::modifica(const char* routine, const std::string& selezione) const
+Esito RigaDiTabella::modifica(const char* routine, const std::string& selezione) const
 {
     return protetto(routine, [&] {
         Recordset record = DataBase->open(selezione, OpenMode::updatable);
@@ -72,7 +70,7 @@ bool RigaDiTabella::modifica(const char* routine, const std::string& selezione) 
     });
 }
 
-bool RigaDiTabella::elimina(const char* routine, const std::string& istruzione) const
+Esito RigaDiTabella::elimina(const char* routine, const std::string& istruzione) const
 {
     return protetto(routine, [&] { DataBase->execute(istruzione); });
 }

@@ -24,10 +24,10 @@ void clsArticolo::setUnitaMisura(const std::string& unita)
     unitaMisura_ = trim(unita).empty() ? std::string("Pz") : unita;
 }
 
-bool clsArticolo::RichiamaArticolo(std::int32_t id)
+Esito clsArticolo::RichiamaArticolo(std::int32_t id)
 {
     bool trovato = false;
-    const bool letto = protetto("RichiamaArticolo", [&] {
+    Esito esito = protetto("RichiamaArticolo", [&] {
         Recordset record = DataBase->open(
             "SELECT Articoli.*, TabellaCodiciIva.CodiceIva, TabellaCodiciIva.AliquotaIva FROM Articoli INNER JOIN "
             "TabellaCodiciIva ON Articoli.IDCodiceIva = TabellaCodiciIva.IDCodiceIva WHERE Articoli.IDArticolo = " +
@@ -40,10 +40,11 @@ bool clsArticolo::RichiamaArticolo(std::int32_t id)
         CodiceIva = record["CodiceIva"].text();
         AliquotaIva = record["AliquotaIva"].doubleOr(0);
     });
-    return letto && trovato;
+    esito.riuscito = esito.riuscito && trovato;
+    return esito;
 }
 
-bool clsArticolo::RileggiArticolo(std::int32_t id)
+Esito clsArticolo::RileggiArticolo(std::int32_t id)
 {
     return protetto("RileggiArticolo", [&] {
         Recordset record = DataBase->open("SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
@@ -102,7 +103,7 @@ void clsArticolo::scrivi(Recordset& record) const
     record["Immagine"] = Immagine;
 }
 
-bool clsArticolo::RegistraArticolo()
+Esito clsArticolo::RegistraArticolo()
 {
     return inserisci("RegistraArticolo", "Articoli", "IDArticolo", IDArticolo,
                      {"Cliente",
@@ -111,12 +112,12 @@ bool clsArticolo::RegistraArticolo()
                       {}});
 }
 
-bool clsArticolo::ModificaArticolo(std::int32_t id)
+Esito clsArticolo::ModificaArticolo(std::int32_t id)
 {
     return modifica("ModificaArticolo", "SELECT * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
 }
 
-bool clsArticolo::EliminaArticolo(std::int32_t id)
+Esito clsArticolo::EliminaArticolo(std::int32_t id)
 {
     return elimina("EliminaArticolo", "DELETE * FROM Articoli WHERE IDarticolo=" + std::to_string(id));
 }

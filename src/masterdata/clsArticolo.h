@@ -8,7 +8,7 @@
 
 namespace bravona {
 
-// One row of Articoli with its VAT code. The operations answer false after having told the person why.
+// One row of Articoli with its VAT code. The operations tell nobody of a failure.
 class clsArticolo final : public RigaDiTabella {
 public:
     static constexpr const char* nessunaData = "00/00/0000";  // how no date is shown
@@ -31,14 +31,14 @@ public:
     [[nodiscard]] const std::string& UnitaMisura() const { return unitaMisura_; }
     void setUnitaMisura(const std::string& unita);  // a blank one is "Pz"
 
-    // False without a message when there is no such article, or its VAT code has gone.
-    bool RichiamaArticolo(std::int32_t id);
-    // The row as it stands now, with or without its VAT code, which is not read. True also when it is not there: the
-    // members stay then.
-    bool RileggiArticolo(std::int32_t id);
-    bool RegistraArticolo();  // inserts; `IDArticolo` is the new key
-    bool ModificaArticolo(std::int32_t id);
-    bool EliminaArticolo(std::int32_t id);
+    // Fails without a message when there is no such article, or its VAT code has gone.
+    Esito RichiamaArticolo(std::int32_t id);
+    // The row as it stands now, with or without its VAT code, which is not read. Succeeds also when it is not there:
+    // the members stay then.
+    Esito RileggiArticolo(std::int32_t id);
+    Esito RegistraArticolo();  // inserts; `IDArticolo` is the new key
+    Esito ModificaArticolo(std::int32_t id);
+    Esito EliminaArticolo(std::int32_t id);
 
 private:
     void leggi(Recordset& record);

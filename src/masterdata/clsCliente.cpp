@@ -47,7 +47,7 @@ DatiCliente leggi(Recordset record)
 
 }  // namespace
 
-bool clsCliente::RichiamaCliente(std::int32_t id)
+Esito clsCliente::RichiamaCliente(std::int32_t id)
 {
     return protetto("RichiamaCliente", [&] { static_cast<DatiCliente&>(*this) = leggi(DataBase->open(riga(id))); });
 }
@@ -83,7 +83,7 @@ void clsCliente::scrivi(Recordset& record) const
     record["VisualizzaNoteSuDocumenti"] = VisualizzaNoteSuDocumenti;
 }
 
-bool clsCliente::RegistraCliente(const Seguito& seguito)
+Esito clsCliente::RegistraCliente(const Seguito& seguito)
 {
     return inserisci("RegistraCliente", "Clienti", "IDCliente", IDCliente,
                      {titoloAnagrafica,
@@ -93,12 +93,12 @@ bool clsCliente::RegistraCliente(const Seguito& seguito)
                      seguito);
 }
 
-bool clsCliente::ModificaCliente(std::int32_t id)
+Esito clsCliente::ModificaCliente(std::int32_t id)
 {
     return modifica("ModificaCliente", riga(id));
 }
 
-bool clsCliente::EliminaCliente(std::int32_t id)
+Esito clsCliente::EliminaCliente(std::int32_t id)
 {
     return elimina("EliminaCliente", "DELETE * FROM CLienti WHERE IDcliente = " + std::to_string(id));
 }

@@ -20,16 +20,16 @@ struct DatiCliente {
     std::string Listino;  // how the price list is called; not in the row, empty when it was read
 };
 
-// One row of Clienti, customer or supplier. The operations answer false after having told the person why.
+// One row of Clienti, customer or supplier. The operations tell nobody of a failure.
 class clsCliente final : public RigaDiTabella, public DatiCliente {
 public:
     explicit clsCliente(Sessione& sessione) : RigaDiTabella(sessione, "clsCliente") {}
 
     // All of the row or, when any of it cannot be read, none: the members stay as they are then.
-    bool RichiamaCliente(std::int32_t id);
-    bool RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
-    bool ModificaCliente(std::int32_t id);
-    bool EliminaCliente(std::int32_t id);
+    Esito RichiamaCliente(std::int32_t id);
+    Esito RegistraCliente(const Seguito& seguito = {});  // inserts; `IDCliente` is the new key
+    Esito ModificaCliente(std::int32_t id);
+    Esito EliminaCliente(std::int32_t id);
 
 private:
     void scrivi(Recordset& record) const override;

@@ -19,7 +19,7 @@ void clsComuni::scrivi(Recordset& record) const
     record["Cap"] = Cap;
 }
 
-bool clsComuni::RegistraComune()
+Esito clsComuni::RegistraComune()
 {
     return inserisci("RegistraComune", "Comuni", "IDCodiceComune", IDCodiceComune,
                      {titoloTabella,
@@ -28,7 +28,7 @@ bool clsComuni::RegistraComune()
                       "Inserire almeno la denominazione del comune!"});
 }
 
-bool clsComuni::RichiamaComune(std::int32_t id)
+Esito clsComuni::RichiamaComune(std::int32_t id)
 {
     return protetto("RichiamaComune", [&] {
         Recordset record = DataBase->open(riga(id));
@@ -39,12 +39,12 @@ bool clsComuni::RichiamaComune(std::int32_t id)
     });
 }
 
-bool clsComuni::ModificaComune(std::int32_t id)
+Esito clsComuni::ModificaComune(std::int32_t id)
 {
     return modifica("ModificaComune", riga(id));
 }
 
-bool clsComuni::EliminaComune(std::int32_t id)
+Esito clsComuni::EliminaComune(std::int32_t id)
 {
     return elimina("EliminaComune", "DELETE * FROM Comuni WHERE IDCodiceComune = " + std::to_string(id));
 }

@@ -7,15 +7,15 @@
 
 namespace bravona {
 
-// One row of Comuni. The operations answer false after having told the person why.
+// One row of Comuni. The operations tell nobody of a failure.
 class clsComuni final : public RigaDiTabella {
 public:
     explicit clsComuni(Sessione& sessione) : RigaDiTabella(sessione, "clsComuni") {}
 
-    bool RegistraComune();  // inserts; `IDCodiceComune` is the new key
-    bool RichiamaComune(std::int32_t id);
-    bool ModificaComune(std::int32_t id);
-    bool EliminaComune(std::int32_t id);
+    Esito RegistraComune();  // inserts; `IDCodiceComune` is the new key
+    Esito RichiamaComune(std::int32_t id);
+    Esito ModificaComune(std::int32_t id);
+    Esito EliminaComune(std::int32_t id);
 
     std::string Cap, Provincia, Comune;
     std::int32_t IDCodiceComune = 0;

@@ -45,24 +45,22 @@ void clsTabellaCodiciIVA::Refresh()
 }
 
 // One statement and the table read again. `rifiuto` is what the store may refuse by a message of its own.
-bool clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& rifiuto)
+Esito clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& rifiuto)
 {
     try {
         const clsCursorWait attesa(sessione_.desktop());
         sessione_.cn.execute(istruzione);
         Refresh();
-        return true;
+        return {};
     } catch (const Errore& errore) {
-        if (errore.numero() == rifiuto.numero) {
-            sessione_.desktop().inform(rifiuto.messaggio, titoloTabella);
-        } else {
-            MostraErroreStandard(sessione_.desktop(), errore, rifiuto.modulo, rifiuto.routine);
-        }
-        return false;
+        return {.riuscito = false,
+                .messaggio = errore.numero() == rifiuto.numero
+                                 ? MessageBox{.title = titoloTabella, .text = rifiuto.messaggio}
+                                 : ErroreStandard(errore, rifiuto.modulo, rifiuto.routine)};
     }
 }
 
-bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
+Esito clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
 {
     return scrivi("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
                       numeroIstruzione(aliquota) + "," + quoted(codice) + ", " + quoted(descrizione) + ")",
@@ -72,7 +70,7 @@ bool clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliqu
                    .routine = "Routine: AddCodiceIVA"});
 }
 
-bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
+Esito clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
 {
     return scrivi("DELETE * FROM TabellaCodiciIva WHERE IDCodiceIva=" + std::to_string(id),
                   {.numero = errori::recordCorrelati,
@@ -82,7 +80,7 @@ bool clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
                    .routine = "Routine: RemoveAliquotaIVA"});
 }
 
-bool clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
+Esito clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
 {
     return scrivi("UPDATE TabellaCodiciIVA SET Descrizione=" + quoted(descrizione) +
                       " WHERE IDCodiceIVA=" + std::to_string(id),

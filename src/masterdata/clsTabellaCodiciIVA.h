@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "masterdata/Esito.h"
 #include "platform/values/Currency.h"
 #include "session/Sessione.h"
 #include "session/TabellaCodiciIva.h"
@@ -12,8 +13,8 @@ namespace bravona {
 
 class ListView;
 
-// The VAT table in memory, in the order of its keys. Making it reads the archive. The writers answer false after having
-// told the person why, with the table in memory unchanged.
+// The VAT table in memory, in the order of its keys. Making it reads the archive. A writer that fails leaves the
+// table in memory unchanged.
 class clsTabellaCodiciIVA final : public TabellaCodiciIva {
 public:
     struct Codice {
@@ -25,9 +26,9 @@ public:
 
     explicit clsTabellaCodiciIVA(Sessione& sessione);
 
-    bool AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione);
-    bool RemoveAliquotaIVA(std::int32_t id);
-    bool SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione);
+    Esito AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione);
+    Esito RemoveAliquotaIVA(std::int32_t id);
+    Esito SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione);
 
     [[nodiscard]] std::string GetCodiceAliquotaIvaFromID(std::int32_t id) const override;
     [[nodiscard]] std::string GetDescrizioneAliquotaIvaFromID(std::int32_t id) const override;
@@ -47,7 +48,7 @@ private:
         const char* modulo;  // of the general message
         const char* routine;
     };
-    bool scrivi(const std::string& istruzione, const Rifiuto& rifiuto);
+    Esito scrivi(const std::string& istruzione, const Rifiuto& rifiuto);
     [[nodiscard]] const Codice* daID(std::int32_t id) const;
     [[nodiscard]] const Codice* daCodice(const std::string& codice) const;
 

@@ -77,7 +77,8 @@ void frmCodiciIva::Nuovo()
         return;
     }
     auto& tabella = TabellaIvaDi(sessione_);
-    const bool aggiunto = tabella.AddCodiceIVA(NuovoCodice, Currency::fromEuro(NuovaAliquota), Descrizione);
+    const bool aggiunto =
+        tabella.AddCodiceIVA(NuovoCodice, Currency::fromEuro(NuovaAliquota), Descrizione).riferisci(desktop());
     tabella.VisualizzaTabellaIvaSuListView(lvwCodiciIva);
     if (aggiunto) {
         lvwCodiciIva.select(lvwCodiciIva.rowCount() - 1);
@@ -99,7 +100,7 @@ void frmCodiciIva::Modifica()
     if (!chiedi(dialogo)) {
         return;
     }
-    if (tabella.SetDescrizioneAliquotaIVA(id, Descrizione)) {
+    if (tabella.SetDescrizioneAliquotaIVA(id, Descrizione).riferisci(desktop())) {
         Annuncia(sessione_, "Descrizione del codice IVA " + NuovoCodice + " modificata");
     }
     // Also after a refusal: the row tells the archive's text again when the screen is opened anew.
@@ -109,11 +110,11 @@ void frmCodiciIva::Modifica()
 void frmCodiciIva::Elimina()
 {
     const std::int32_t id = idSelezionato();
-    if (id == 0 || !desktop().ask("Eliminare il codice IVA selezionato?", titoloTabella)) {
+    if (id == 0 || !desktop().askBeforeLosing("Eliminare il codice IVA selezionato?", titoloTabella)) {
         return;
     }
     auto& tabella = TabellaIvaDi(sessione_);
-    if (tabella.RemoveAliquotaIVA(id)) {
+    if (tabella.RemoveAliquotaIVA(id).riferisci(desktop())) {
         Annuncia(sessione_, "Codice IVA eliminato");
         tabella.VisualizzaTabellaIvaSuListView(lvwCodiciIva);
     }

@@ -70,7 +70,7 @@ bool frmRegistraArticolo::RegistraNuovoArticolo()
         }
         clsArticolo articolo(sessione_);
         raccogli(articolo);
-        if (!articolo.RegistraArticolo()) {
+        if (!articolo.RegistraArticolo().riferisci(desktop())) {
             desktop().inform("Errore nella registrazione dell'articolo. \n"
                              "Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);

@@ -15,7 +15,7 @@ frmRegistraCliente::frmRegistraCliente(Sessione& sessione)
                      .aggiunta = [this](const ListRow&) { return "d" + std::to_string(++contatore_); },
                      .eliminare =
                          [this](const std::string&) {
-                             return desktop().ask("Vuoi eliminare la destinazione selezionata?", titolo);
+                             return desktop().askBeforeLosing("Vuoi eliminare la destinazione selezionata?", titolo);
                          }},
                     {"&Registra", "&Chiudi", "Ricerca..."})
 {
@@ -79,8 +79,10 @@ void frmRegistraCliente::Registra()
         return;
     }
     // A party whose destinations fail must not be left behind: the next attempt would find it.
-    if (!nuovo.RegistraCliente(
-            [this](std::int32_t id) { RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id); })) {
+    const auto scriviDestinazioni = [this](std::int32_t id) {
+        RegistraElencoDestinazioni(sessione(), destinazioni.lvwDestinazioni, id);
+    };
+    if (!nuovo.RegistraCliente(scriviDestinazioni).riferisci(desktop())) {
         desktop().inform("Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!", titolo);
         fuocoSu(txtAnagrafica[cliente], paginaIndirizzo);
         return;

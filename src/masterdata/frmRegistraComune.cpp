@@ -79,7 +79,7 @@ void frmRegistraComune::Registra()
     clsComuni comune(sessione_);
     comune.DataBase = &sessione_.cn;
     campi.leggi(comune);
-    if (!comune.RegistraComune()) {
+    if (!comune.RegistraComune().riferisci(desktop())) {
         desktop().inform("Errore nella registrazione. Controllare tutti i campi di inserimento e riprovare!",
                          titoloTabella);
         campi.txtComune.front().setFocus();

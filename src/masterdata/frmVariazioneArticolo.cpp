@@ -92,7 +92,7 @@ void frmVariazioneArticolo::VisualizzaArticolo(std::int32_t id)
     const clsCursorWait attesa(desktop());
     svuota({&txtChiaveRicerca, &cboCampoDiRicerca});
     clsArticolo articolo(sessione_);
-    if (!articolo.RichiamaArticolo(id)) {
+    if (!articolo.RichiamaArticolo(id).riferisci(desktop())) {
         tornaAllaRicerca();
         return;
     }
@@ -126,11 +126,11 @@ bool frmVariazioneArticolo::VariazioneArticoloEsistente()
         clsArticolo articolo(sessione_);
         // As it stands now: a document registered meanwhile keeps its effect on the dates and figures that nobody
         // typed into.
-        if (!articolo.RileggiArticolo(IDArticolo_)) {
+        if (!articolo.RileggiArticolo(IDArticolo_).riferisci(desktop())) {
             return false;
         }
         raccogli(articolo);
-        if (!articolo.ModificaArticolo(IDArticolo_)) {
+        if (!articolo.ModificaArticolo(IDArticolo_).riferisci(desktop())) {
             desktop().inform("Errore nella variazione dei dati. Controllare tutti i campi di inserimento e riprovare!",
                              titoloMessaggi);
             vaiAlCampoErrato();

@@ -125,7 +125,7 @@ void frmVariazioneCliente::carica(std::int32_t id)
     txtCercaCliente.setText(cercato);
     Combo2.setListIndex(chiave);
     clsCliente letto(sessione());
-    if (!letto.RichiamaCliente(id)) {
+    if (!letto.RichiamaCliente(id).riferisci(desktop())) {
         return;
     }
     // Saving rewrites the destinations from the list: a party whose list could not be read must not be there to save.
@@ -182,7 +182,7 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
                          titolo);
         return false;
     }
-    if (!desktop().ask("Vuoi eliminare la riga selezionata?", titolo)) {
+    if (!desktop().askBeforeLosing("Vuoi eliminare la riga selezionata?", titolo)) {
         return false;
     }
     sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDDestinazione=" + std::to_string(id));
@@ -192,7 +192,7 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
 // False after having told the failure.
 bool frmVariazioneCliente::registra(clsCliente& dati)
 {
-    if (dati.ModificaCliente(caricato_->IDCliente)) {
+    if (dati.ModificaCliente(caricato_->IDCliente).riferisci(desktop())) {
         return RegistraDestinazioniMerce();
     }
     desktop().inform("Errore nella variazione dei dati!", titoloCliente);

@@ -110,7 +110,7 @@ void frmVariazioneComune::Ricerca()
     }
     pulisci();
     clsComuni comune(sessione_);
-    if (!comune.RichiamaComune(id)) {
+    if (!comune.RichiamaComune(id).riferisci(desktop())) {
         return;
     }
     caricato_ = id;
@@ -132,7 +132,7 @@ void frmVariazioneComune::Aggiorna()
     }
     clsComuni comune(sessione_);
     campi.leggi(comune);
-    if (!comune.ModificaComune(caricato_)) {
+    if (!comune.ModificaComune(caricato_).riferisci(desktop())) {
         desktop().inform("Errore nella variazione dei dati!", titoloComune);
         campi.txtComune.front().setFocus();
         return;

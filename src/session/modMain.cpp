@@ -251,11 +251,19 @@ void CaricaComboRegistri(const Sessione& sessione, ComboBox& combo)
     }
 }
 
+MessageBox ErroreStandard(const Errore& errore, const std::string& primaRiga, const std::string& secondaRiga,
+                          const std::string& separatore)
+{
+    return {.title = "Errore - Bravona",
+            .text = "Si e' verificato il seguente errore: \n" + std::to_string(errore.numero()) + separatore +
+                    errore.descrizione() + "\n" + primaRiga + "\n" + secondaRiga,
+            .icon = MsgIcon::critical};
+}
+
 void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::string& primaRiga,
                           const std::string& secondaRiga, const std::string& separatore)
 {
-    mostraErrore(desktop, "Si e' verificato il seguente errore: \n" + std::to_string(errore.numero()) + separatore +
-                              errore.descrizione() + "\n" + primaRiga + "\n" + secondaRiga);
+    desktop.messageBox(ErroreStandard(errore, primaRiga, secondaRiga, separatore));
 }
 
 void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTransazione, const std::string& primaRiga,

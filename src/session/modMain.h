@@ -53,6 +53,8 @@ void CaricaComboRegistri(const Sessione& sessione, ComboBox& combo);
 
 // The box of a routine that guards itself: "Si e' verificato il seguente errore: ", number and description, then the
 // two lines as given ("Modulo: modMain", "Routine: AzzeraCampi"), in the order given.
+MessageBox ErroreStandard(const Errore& errore, const std::string& primaRiga, const std::string& secondaRiga,
+                          const std::string& separatore = " - ");
 void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::string& primaRiga,
                           const std::string& secondaRiga, const std::string& separatore = " - ");
 // "Attenzione! Operazione annullata a causa dell'errore n." and the number (or "Errore n."), description and the two

@@ -82,6 +82,9 @@ TEST_F(Ricerche, TheNameSearchKeepsToTheCurrentKind)
 {
     sessione.TipoAnagraficaCorrente = "F";
     EXPECT_EQ(cercaParte("ross"), 4);
+    Form& principale = sessione.schermate().get("frmMain");
+    EXPECT_EQ(cercaParte("l'edera"), ricerca::nessunRecord);
+    EXPECT_EQ(principale.statusBar->panels.at(2), "Nessun fornitore con questo nome; tra i clienti ce n'è 1");
     EXPECT_EQ(cercaParte("011-123", CampoAnagrafica::telefono), 1);
 }
 

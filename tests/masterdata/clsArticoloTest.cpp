@@ -64,10 +64,10 @@ protected:
 TEST_F(Articolo, EveryMemberComesBackAndNoDateIsShownAsZeros)
 {
     clsArticolo scritto = pieno();
-    ASSERT_TRUE(scritto.RegistraArticolo());
+    ASSERT_TRUE(scritto.RegistraArticolo().riferisci(utente));
     EXPECT_EQ(riga("SELECT DataUltimoCarico, DataUltimoScarico FROM Articoli"), "|");
     clsArticolo letto(sessione);
-    ASSERT_TRUE(letto.RichiamaArticolo(scritto.IDArticolo));
+    ASSERT_TRUE(letto.RichiamaArticolo(scritto.IDArticolo).riferisci(utente));
     scritto.DataUltimoCarico = "00/00/0000";
     EXPECT_EQ(tutti(letto), tutti(scritto));
     EXPECT_EQ(letto.CodiceIva, "A");
@@ -75,9 +75,9 @@ TEST_F(Articolo, EveryMemberComesBackAndNoDateIsShownAsZeros)
 
     letto.DataUltimoScarico = "31/12/2003";
     letto.setUnitaMisura("   ");
-    ASSERT_TRUE(letto.ModificaArticolo(letto.IDArticolo));
+    ASSERT_TRUE(letto.ModificaArticolo(letto.IDArticolo).riferisci(utente));
     clsArticolo riletto(sessione);
-    ASSERT_TRUE(riletto.RichiamaArticolo(letto.IDArticolo));
+    ASSERT_TRUE(riletto.RichiamaArticolo(letto.IDArticolo).riferisci(utente));
     EXPECT_EQ(tutti(riletto), tutti(letto));
     EXPECT_EQ(riletto.UnitaMisura(), "Pz");
 }
@@ -86,24 +86,24 @@ TEST_F(Articolo, WithoutItsVatCodeItIsNotFoundAndNothingIsSaid)
 {
     clsArticolo articolo = pieno();
     articolo.IDCodiceIva = 99;
-    ASSERT_TRUE(articolo.RegistraArticolo());
-    EXPECT_FALSE(articolo.RichiamaArticolo(articolo.IDArticolo));
+    ASSERT_TRUE(articolo.RegistraArticolo().riferisci(utente));
+    EXPECT_FALSE(articolo.RichiamaArticolo(articolo.IDArticolo).riferisci(utente));
     EXPECT_EQ(utente.boxCount(), 0U);
 }
 
 TEST_F(Articolo, ACodeThereIsIsRefused)
 {
     clsArticolo articolo = pieno();
-    ASSERT_TRUE(articolo.RegistraArticolo());
+    ASSERT_TRUE(articolo.RegistraArticolo().riferisci(utente));
     EXPECT_TRUE(EsisteCodiceArticolo(sessione, "a1", -1));
     EXPECT_FALSE(EsisteCodiceArticolo(sessione, "A1", articolo.IDArticolo));
     EXPECT_FALSE(EsisteCodiceArticolo(sessione, "A2", -1));
-    EXPECT_FALSE(articolo.RegistraArticolo());
+    EXPECT_FALSE(articolo.RegistraArticolo().riferisci(utente));
     EXPECT_EQ(ultimoMessaggio(),
               "Cliente: Attenzione! Il Codice Articolo inserito e' gia' presente in archivio.\nCambiare "
               "Codice Articolo per registrare il nuovo record");
     articolo.DataPrimoCarico = "31/02/2003";
-    EXPECT_FALSE(articolo.ModificaArticolo(articolo.IDArticolo));
+    EXPECT_FALSE(articolo.ModificaArticolo(articolo.IDArticolo).riferisci(utente));
     EXPECT_NE(ultimoMessaggio().find("13 - "), std::string::npos);
     EXPECT_NE(ultimoMessaggio().find("Nel modulo: clsArticolo\nNella routine: ModificaArticolo"), std::string::npos);
 }

@@ -80,17 +80,17 @@ std::string tutti(const clsCliente& c)
 TEST_F(Cliente, EveryMemberComesBackAsItWasStored)
 {
     clsCliente scritto = pieno(sessione);
-    ASSERT_TRUE(scritto.RegistraCliente());
+    ASSERT_TRUE(scritto.RegistraCliente().riferisci(utente));
     EXPECT_EQ(scritto.IDCliente, 1);
     clsCliente letto(sessione);
-    ASSERT_TRUE(letto.RichiamaCliente(1));
+    ASSERT_TRUE(letto.RichiamaCliente(1).riferisci(utente));
     EXPECT_EQ(tutti(letto), tutti(scritto));
 
     letto.Cap = "10121";
     letto.EsenteIva = false;
-    ASSERT_TRUE(letto.ModificaCliente(1));
+    ASSERT_TRUE(letto.ModificaCliente(1).riferisci(utente));
     clsCliente riletto(sessione);
-    ASSERT_TRUE(riletto.RichiamaCliente(1));
+    ASSERT_TRUE(riletto.RichiamaCliente(1).riferisci(utente));
     EXPECT_EQ(tutti(riletto), tutti(letto));
 }
 
@@ -99,18 +99,18 @@ TEST_F(Cliente, NullsAreReadAsNothing)
     esegui("INSERT INTO Clienti (IDCliente, Cliente) VALUES (9, 'Solo')");
     esegui("UPDATE Clienti SET IDpagamento = Null, IDListino = Null, ScontoMaggiorazione1 = Null WHERE IDCliente = 9");
     clsCliente letto(sessione);
-    ASSERT_TRUE(letto.RichiamaCliente(9));
+    ASSERT_TRUE(letto.RichiamaCliente(9).riferisci(utente));
     EXPECT_EQ(tutti(letto), "Solo||||||||||||||||||||0|0|0|0|0|0|0|");
 }
 
 TEST_F(Cliente, APartyOfWhichAnythingCannotBeReadIsNotReadAtAll)
 {
-    ASSERT_TRUE(pieno(sessione).RegistraCliente());
+    ASSERT_TRUE(pieno(sessione).RegistraCliente().riferisci(utente));
     clsCliente letto(sessione);
-    ASSERT_TRUE(letto.RichiamaCliente(1));
+    ASSERT_TRUE(letto.RichiamaCliente(1).riferisci(utente));
     esegui("INSERT INTO Clienti (IDCliente, Cliente) VALUES (9, 'Mezzo')");
     sessione.cn.executeNative("UPDATE Clienti SET ScontoMaggiorazione3 = 'rotto' WHERE IDCliente = 9");
-    EXPECT_FALSE(letto.RichiamaCliente(9));
+    EXPECT_FALSE(letto.RichiamaCliente(9).riferisci(utente));
     EXPECT_NE(ultimoMessaggio().find("Nella routine: RichiamaCliente"), std::string::npos);
     EXPECT_EQ(tutti(letto), tutti(pieno(sessione)));
 }
@@ -118,28 +118,28 @@ TEST_F(Cliente, APartyOfWhichAnythingCannotBeReadIsNotReadAtAll)
 TEST_F(Cliente, ThePriceListOfAnotherPartyKeepsNoName)
 {
     clsCliente scritto = pieno(sessione);
-    ASSERT_TRUE(scritto.RegistraCliente());
+    ASSERT_TRUE(scritto.RegistraCliente().riferisci(utente));
     clsCliente letto(sessione);
     letto.Listino = "Listino 2";
-    ASSERT_TRUE(letto.RichiamaCliente(1));
+    ASSERT_TRUE(letto.RichiamaCliente(1).riferisci(utente));
     EXPECT_EQ(letto.Listino, "");
 }
 
 TEST_F(Cliente, RefusalsOfTheStoreAreToldInItsOwnWords)
 {
     clsCliente cliente = pieno(sessione);
-    ASSERT_TRUE(cliente.RegistraCliente());
-    EXPECT_FALSE(cliente.RegistraCliente());
+    ASSERT_TRUE(cliente.RegistraCliente().riferisci(utente));
+    EXPECT_FALSE(cliente.RegistraCliente().riferisci(utente));
     EXPECT_EQ(ultimoMessaggio(), "Anagrafica Clienti: Impossibile registrare il cliente in quanto è gia presente un "
                                  "cliente con la stessa denominazione");
     cliente.Cliente.clear();
-    EXPECT_FALSE(cliente.RegistraCliente());
+    EXPECT_FALSE(cliente.RegistraCliente().riferisci(utente));
     EXPECT_EQ(ultimoMessaggio(), "Anagrafica Clienti: Inserire almeno la denominazione del cliente!");
     // A change is refused through the general message.
-    EXPECT_FALSE(cliente.ModificaCliente(1));
+    EXPECT_FALSE(cliente.ModificaCliente(1).riferisci(utente));
     EXPECT_EQ(ultimoMessaggio().find("Errore - Bravona: Si e' verificato il seguente errore: \n3315 - "), 0U);
     EXPECT_NE(ultimoMessaggio().find("\nNel modulo: clsCliente\nNella routine: ModificaCliente"), std::string::npos);
-    EXPECT_FALSE(cliente.RichiamaCliente(77));
+    EXPECT_FALSE(cliente.RichiamaCliente(77).riferisci(utente));
     EXPECT_NE(ultimoMessaggio().find("3021 - "), std::string::npos);
     EXPECT_EQ(riga("SELECT COUNT(*) FROM Clienti"), "1");
 }

@@ -31,12 +31,14 @@ TEST_F(TabellaIva, LooksUpExactlyAndKnowsNothingElse)
 TEST_F(TabellaIva, AWriterThatFailsLeavesTheTableInMemoryAndThePointerAsTheyWere)
 {
     clsTabellaCodiciIVA tabella(sessione);
-    ASSERT_TRUE(tabella.AddCodiceIVA("B", Currency::fromTenThousandths(10'5000), "Ridotta"));
+    ASSERT_TRUE(tabella.AddCodiceIVA("B", Currency::fromTenThousandths(10'5000), "Ridotta").riferisci(utente));
     EXPECT_EQ(riga("SELECT AliquotaIva FROM TabellaCodiciIva WHERE CodiceIva='B'"), "10,5");
     EXPECT_EQ(tabella.GetValoreAliquotaIvaFromCodice("B"), 10);
-    EXPECT_FALSE(tabella.AddCodiceIVA("B", Currency(), "Altra"));
-    EXPECT_FALSE(tabella.SetDescrizioneAliquotaIVA(tabella.GetIDAliquotaIvaFromCodice("B"), ""));
-    EXPECT_FALSE(tabella.SetDescrizioneAliquotaIVA(tabella.GetIDAliquotaIvaFromCodice("B"), "dall'anno"));
+    EXPECT_FALSE(tabella.AddCodiceIVA("B", Currency(), "Altra").riferisci(utente));
+    EXPECT_FALSE(tabella.SetDescrizioneAliquotaIVA(tabella.GetIDAliquotaIvaFromCodice("B"), "").riferisci(utente));
+    sessione.cn.setWriteHook([](const std::string&) { throw Errore(3035, "guasto"); });
+    EXPECT_FALSE(tabella.SetDescrizioneAliquotaIVA(tabella.GetIDAliquotaIvaFromCodice("B"), "x").riferisci(utente));
+    sessione.cn.setWriteHook({});
     EXPECT_NE(ultimoMessaggio().find("\nNel modulo: clsTabellaCodiciIVA\nRoutine: SetDescrizioneAliquotaIva"),
               std::string::npos);
     EXPECT_EQ(tabella.GetDescrizioneAliquotaIvaFromCodice("B"), "Ridotta");
