@@ -2,6 +2,8 @@
 
 #include <concepts>
 
+#include "schema/Schema.h"
+
 namespace bravona {
 
 namespace {
@@ -195,7 +197,8 @@ std::optional<Documento> leggiDocumento(Connection& cn, std::int16_t tipoDocumen
         return std::nullopt;
     Documento documento{*std::move(testata), {}, {}};
     documento.righe = leggiRighe(cn, tabelle, documento.testata.IDDocumento);
-    if (tipoDocumento != tipo::ddt)
+    const bool sueRate = tipoDocumento != tipo::proforma || !chiaveDiFattura(cn, documento.testata.IDDocumento);
+    if (tipoDocumento != tipo::ddt && sueRate)
         documento.rate = leggiRate(cn, documento.testata.IDDocumento);
     return documento;
 }
@@ -248,6 +251,29 @@ void riscriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t
 {
     cn.execute("DELETE * FROM " + tabelle.dettagli + " WHERE " + tabelle.chiave + "=" + std::to_string(idDocumento));
     scriviRighe(cn, tabelle, idDocumento, righe);
+}
+
+bool chiaveDiFattura(Connection& cn, std::int32_t idProforma)
+{
+    return idProforma < primaChiavePreventivi &&
+           cn.open("SELECT IDFattura FROM Fatture WHERE IDFattura=" + std::to_string(idProforma)).recordCount() > 0;
+}
+
+std::int32_t separaDalleFatture(Connection& cn, std::int32_t idProforma)
+{
+    if (idProforma >= primaChiavePreventivi)
+        return idProforma;
+    if (!chiaveDiFattura(cn, idProforma)) {
+        cn.countAbove("Fatture", idProforma);
+        return idProforma;
+    }
+    const TabelleDocumento tabelle = tabelleDocumento(tipo::proforma);
+    const std::string vecchia = " FROM Proforma WHERE IDFattura=" + std::to_string(idProforma);
+    Recordset record = cn.open("SELECT *" + vecchia);
+    const std::int32_t nuova = scriviTestata(cn, tabelle, leggiTestata(record, tabelle));
+    scriviRighe(cn, tabelle, nuova, leggiRighe(cn, tabelle, idProforma));
+    cn.execute("DELETE *" + vecchia);
+    return nuova;
 }
 
 void collega(Connection& cn, const TestataDocumento& fattura, const TestataDocumento& ddt)

@@ -24,7 +24,7 @@ namespace bravona {
 [[nodiscard]] TestataDocumento leggiTestata(Recordset& record, const TabelleDocumento& tabelle);
 [[nodiscard]] std::vector<RigaDocumento> leggiRighe(Connection& cn, const TabelleDocumento& tabelle,
                                                     std::int32_t idDocumento);
-// Header, rows and, for kinds that have them, instalments.
+// Header, rows and, of all but transport documents, instalments.
 [[nodiscard]] std::optional<Documento> leggiDocumento(Connection& cn, std::int16_t tipoDocumento, std::int32_t numero,
                                                       std::int32_t anno, std::int32_t registro);
 
@@ -37,6 +37,13 @@ void scriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t i
 // In place of those that are there; they get keys of their own.
 void riscriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t idDocumento,
                    std::span<const RigaDocumento> righe);
+
+// Quotations count their keys apart from invoices, whose instalments stand under the same column; one from before that
+// may have a key that an invoice has or will get. Whether an invoice has it: the instalments there are the invoice's.
+[[nodiscard]] bool chiaveDiFattura(Connection& cn, std::int32_t idProforma);
+// Before instalments are written for a quotation: its key, which no invoice has or gets from now on. It is a new one
+// for a quotation whose key an invoice has.
+[[nodiscard]] std::int32_t separaDalleFatture(Connection& cn, std::int32_t idProforma);
 
 // Links an invoice with a transport document it was made from, and marks that as invoiced.
 void collega(Connection& cn, const TestataDocumento& fattura, const TestataDocumento& ddt);

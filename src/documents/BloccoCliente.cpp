@@ -151,6 +151,7 @@ void BloccoCliente::nessunCliente()
     ModalitaPagamento1.clear();
     ModalitaPagamentoCod1 = 0;
     mostraPagamento();
+    IDListinoOriginale = 0;
     mostraCondizioni({});
     if (clienteScelto)
         clienteScelto({});
@@ -190,6 +191,7 @@ void BloccoCliente::ImpostaCliente(bool soloTestata, std::int32_t& id)
     txtCliente[partitaIva].setText(cliente.PartitaIva);
     txtCliente[codiceFiscale].setText(cliente.CodiceFiscale);
     impostaPagamento(cliente.IDpagamento, pagamento);
+    IDListinoOriginale = cliente.IDListino;
     if (soloTestata)
         return;
 

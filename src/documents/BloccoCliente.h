@@ -41,6 +41,7 @@ public:
     std::int32_t IDDestinazione = 0;         // 0: his own address
     std::string ModalitaPagamento1;          // name of the payment method
     std::int32_t ModalitaPagamentoCod1 = 0;  // its key, 0: none
+    std::int32_t IDListinoOriginale = 0;     // his price list, 0: none
 
     // A customer was chosen by the person, or there is none (then all is empty).
     std::function<void(const ClienteDelDocumento&)> clienteScelto;
@@ -53,15 +54,15 @@ public:
     void impostaDestinazione(std::int32_t id, const std::string& nome);
     // False, after having told it and put the focus there: another name stands over the customer's, not searched for.
     [[nodiscard]] bool nomeConfermato();
+    void nessunCliente();  // all is empty
+    void mostraCondizioni(const CondizioniCliente& condizioni);
     [[nodiscard]] Layout layout();
 
 private:
-    void nessunCliente();
     void nessunRecord();
     void cerca(KeyEvent& evento);
     void mostraPagamento();
     void scegliDestinazione();
-    void mostraCondizioni(const CondizioniCliente& condizioni);
     Sessione& sessione_;
     std::string titolo_;
     std::string chiamante_;

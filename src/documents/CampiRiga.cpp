@@ -346,6 +346,7 @@ void CampiRiga::mostra(const RigaDocumento& riga, bool soloImporti)
     txtDescrizione.setText(riga.Descrizione);
     if (riga.commento()) {
         txtCodiceArticolo.setEnabled(false);
+        txtDescrizione.setEnabled(!soloImporti);
         calcolaRiga();
         return;
     }

@@ -39,6 +39,7 @@ public:
     // amount of an old one keeps its paid mark.
     void GeneraScadenze();
     void mostra(std::span<const Rata> rate);
+    void mostraSomma();  // of what the grid shows, against the total of now
     // What the grid shows. Errore 13 for a date or an amount that is none.
     [[nodiscard]] std::vector<Rata> rate() const;
     void blocca(bool bloccato);
@@ -46,7 +47,6 @@ public:
 
 private:
     void ricalcola();
-    void mostraSomma();
     [[nodiscard]] std::vector<Rata> rateLeggibili() const;
     [[nodiscard]] std::vector<Rata> piano() const;
     Sessione& sessione_;

@@ -2,6 +2,8 @@
 
 #include "documents/frmDettagliIVA.h"
 #include "documents/frmEmissioneDocumento.h"
+#include "documents/frmModificaDDT.h"
+#include "documents/frmModificaFattura.h"
 #include "documents/frmResoconto.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
@@ -97,6 +99,8 @@ void Programma::registraSchermate()
 
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
+    registra<frmModificaFattura>(sessione_, "frmModificaFattura");
+    registra<frmModificaDDT>(sessione_, "frmModificaDDT");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");

@@ -63,6 +63,8 @@ void creaSchema(Connection& cn)
             sql += regola + ";";
         }
     }
+    sql += "INSERT INTO sqlite_sequence (name, seq) VALUES ('Proforma', " + std::to_string(primaChiavePreventivi - 1) +
+           ");";
     try {
         cn.executeNative(sql + "COMMIT");
     } catch (const Errore&) {
@@ -81,6 +83,7 @@ void completaSchema(Connection& cn)
         if (tabella.nome == "ScarichiDovuti")
             cn.executeNative(creaTabella(tabella, "CREATE TABLE IF NOT EXISTS "));
     }
+    cn.countAbove("Proforma", primaChiavePreventivi - 1);
 }
 
 void semiMinimi(Connection& cn)

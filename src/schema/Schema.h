@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "platform/store/Connection.h"
@@ -12,9 +13,11 @@ inline constexpr std::string_view passwordArchivio = "zelmar";
 // Makes the tables, indices and rules of the archive in an empty file, all or nothing.
 void creaSchema(Connection& cn);
 
-// Makes the tables that came to the structure after the archive was made, and that it lacks.
+// Makes what came to the structure after the archive was made and it lacks: tables, and quotations that count their
+// keys apart. Writes nothing where all is there.
 void completaSchema(Connection& cn);
-
+// Quotations count their keys from here on, so that the instalments of a quotation never meet an invoice's.
+inline constexpr std::int32_t primaChiavePreventivi = 1'000'000'001;
 // The rows without which the program does not start; nothing else.
 void semiMinimi(Connection& cn);
 

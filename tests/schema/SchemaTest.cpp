@@ -96,6 +96,34 @@ TEST(Schema, ConLaTestataVannoLeSueRigheESoloLeSueScadenze)
     EXPECT_EQ(quante("Scadenzario"), "1") << "a free instalment stays";
 }
 
+TEST(Schema, LeChiaviDeiPreventiviNonIncontranoQuelleDelleFatture)
+{
+    constexpr const char* prima = "1000000001";
+    ArchivioTemporaneo archivio;
+    archivio.cn.execute("INSERT INTO Proforma (NumeroDocumento) VALUES (1)");
+    EXPECT_EQ(archivio.valore("SELECT IDFattura FROM Proforma"), prima);
+    archivio.cn.execute("DELETE * FROM Proforma");
+    completaSchema(archivio.cn);
+    archivio.cn.execute("INSERT INTO Proforma (NumeroDocumento) VALUES (2)");
+    EXPECT_EQ(archivio.valore("SELECT IDFattura FROM Proforma"), "1000000002") << "no key is given twice";
+
+    // An archive from before, with quotations and without.
+    for (const char* vecchio : {"UPDATE sqlite_sequence SET seq = 4 WHERE name = 'Proforma'",
+                                "DELETE FROM sqlite_sequence WHERE name = 'Proforma'"}) {
+        archivio.cn.execute("DELETE * FROM Proforma");
+        archivio.cn.executeNative(vecchio);
+        int scritture = 0;
+        archivio.cn.setWriteHook([&](const std::string&) { ++scritture; });
+        completaSchema(archivio.cn);
+        EXPECT_EQ(scritture, 1);
+        completaSchema(archivio.cn);
+        EXPECT_EQ(scritture, 1) << "an archive is not written to at each opening";
+        archivio.cn.setWriteHook({});
+        archivio.cn.execute("INSERT INTO Proforma (NumeroDocumento) VALUES (3)");
+        EXPECT_EQ(archivio.valore("SELECT IDFattura FROM Proforma"), prima);
+    }
+}
+
 TEST(Schema, LArchivioMinimoHaSoltantoLeSueRighe)
 {
     ArchivioTemporaneo archivio;

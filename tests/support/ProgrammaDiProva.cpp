@@ -1,8 +1,10 @@
 #include "support/ProgrammaDiProva.h"
 
 #include <array>
+#include <map>
 #include <stdexcept>
 
+#include "documents/AperturaDocumento.h"
 #include "schema/Schema.h"
 
 namespace bravona {
@@ -76,7 +78,19 @@ Control& ProgrammaDiProva::controllo(const std::string& nome)
 
 void ProgrammaDiProva::componiFattura(int righe)
 {
+    componi(tipo::fattura, righe);
+}
+
+void ProgrammaDiProva::componi(int tipoDocumento, int righe)
+{
+    // As the chooser lists them.
+    static const std::map<int, const char*> opzioni{{tipo::fattura, "optTipoDocumento[0]"},
+                                                    {tipo::ddt, "optTipoDocumento[2]"},
+                                                    {tipo::proforma, "optTipoDocumento[3]"},
+                                                    {tipo::notaCredito, "optTipoDocumento[4]"},
+                                                    {tipo::notaDebito, "optTipoDocumento[5]"}};
     menu("mnuEmettiDocumento");
+    utente.click(controllo(opzioni.at(tipoDocumento)));
     utente.key(Key::enter);
     utente.type("ros");
     utente.key(Key::f3);
@@ -87,6 +101,15 @@ void ProgrammaDiProva::componiFattura(int righe)
         utente.key(Key::f3);
         utente.click(controllo("cmdDettagli[0]"));
     }
+}
+
+void ProgrammaDiProva::apri(std::int16_t tipoDocumento, std::int32_t numero)
+{
+    utente.guard([&] {
+        Form& schermata = sessione().schermate().get(schermataDiModifica(tipoDocumento));
+        dynamic_cast<ApreDocumento&>(schermata).ApriDocumento({tipoDocumento, numero, 1, 2004});
+        schermata.show();
+    });
 }
 
 std::string ProgrammaDiProva::valore(const std::string& statement)

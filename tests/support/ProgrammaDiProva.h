@@ -36,8 +36,11 @@ public:
     void menu(const std::string& voce);
     // A control of the window in front; fails the test when there is none.
     Control& controllo(const std::string& nome);
-    // An invoice for the customer, composed up to registration, with so many rows.
+    // A document for the customer, composed up to registration, with so many rows; kinds as the screens know them.
+    void componi(int tipoDocumento, int righe);
     void componiFattura(int righe);
+    // A document of 2004 in the main register, on the screen that changes it.
+    void apri(std::int16_t tipoDocumento, std::int32_t numero);
     // First column of the first row.
     [[nodiscard]] std::string valore(const std::string& statement);
 

@@ -190,6 +190,26 @@ Recordset Connection::openTable(std::string_view table, OpenMode mode)
     return Recordset(impl_->openTable(impl_->table(table), mode));
 }
 
+void Connection::countAbove(std::string_view table, std::int32_t key)
+{
+    impl_->needOpen();
+    const std::string name = impl_->table(table).name;
+    // The engine keeps the highest key of each table that ever gave one.
+    EngineStatement highest(impl_->engine.get(), "SELECT seq FROM sqlite_sequence WHERE name = ?");
+    highest.bindText(1, name);
+    const bool counted = highest.step();
+    if (counted && sqlite3_column_int64(highest.get(), 0) >= key) {
+        return;
+    }
+    highest.reset();
+    impl_->beforeWrite(name);
+    EngineStatement change(impl_->engine.get(), counted ? "UPDATE sqlite_sequence SET seq = ? WHERE name = ?"
+                                                        : "INSERT INTO sqlite_sequence (seq, name) VALUES (?, ?)");
+    change.bindWhole(1, key);
+    change.bindText(2, name);
+    change.step();
+}
+
 std::string Connection::translated(std::string_view statement)
 {
     return impl_->translation(statement, {}).sql;

@@ -76,6 +76,9 @@ public:
     // The engine's words for a statement of the dialect, to look at.
     std::string translated(std::string_view statement);
 
+    // Keys that the table's counter gives from now on are above this one. Writes nothing where they are anyway.
+    void countAbove(std::string_view table, std::int32_t key);
+
     // Transactions do not nest: Errore 3246 to begin inside one, 3034 to commit or roll back without one.
     void begin();
     void commit();
