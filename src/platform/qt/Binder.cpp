@@ -6,6 +6,19 @@
 
 namespace bravona {
 
+namespace {
+
+bool inDisabledFrame(const Control& control)
+{
+    const Control* around = control.container();
+    while (around != nullptr && (around->kind() != ControlKind::frame || around->enabled())) {
+        around = around->container();
+    }
+    return around != nullptr;
+}
+
+}  // namespace
+
 Binder::Binder(FormWindow& window, Control& control) : window_(window), control_(&control) {}
 
 QtDesktop& Binder::desktop() const
@@ -33,7 +46,7 @@ void Binder::changed(Aspect aspect, std::size_t row)
     }
     switch (aspect) {
     case Aspect::enabled:
-        widget_->setEnabled(control_->enabled());
+        followEnabled();
         follow(aspect, row);
         break;
     case Aspect::visible:
@@ -52,12 +65,26 @@ void Binder::changed(Aspect aspect, std::size_t row)
     }
 }
 
+void Binder::followEnabled()
+{
+    if (!alive() || !widget_) {
+        return;
+    }
+    if (control_->kind() == ControlKind::frame) {
+        window_.followEnabledIn(*control_);
+        return;
+    }
+    reading_ = control_->enabled() && inDisabledFrame(*control_);
+    widget_->setEnabled(control_->enabled() && (!reading_ || canBeRead()));
+    followReading();
+}
+
 void Binder::refresh()
 {
     if (!alive() || !widget_) {
         return;
     }
-    widget_->setEnabled(control_->enabled());
+    followEnabled();
     if (!control_->visible()) {
         widget_->setVisible(false);
     }

@@ -31,6 +31,9 @@ public:
     [[nodiscard]] bool alive() const { return control_ != nullptr; }
 
     void changed(Aspect aspect, std::size_t row);
+    // Whether it can be used, by its own word and that of the frames around it. What a disabled frame holds is there to
+    // be read: its texts stay legible and can be selected and copied, the rest is greyed.
+    void followEnabled();
     // Everything from the record, once it stands in its place.
     void refresh();
     virtual void detach() { control_ = nullptr; }
@@ -52,12 +55,17 @@ protected:
 
     virtual void follow(Aspect aspect, std::size_t row) = 0;
     virtual void followColours() {}
+    // Stands in a disabled frame, to be read.
+    [[nodiscard]] bool reading() const { return reading_; }
+    [[nodiscard]] virtual bool canBeRead() const { return false; }
+    virtual void followReading() { followColours(); }
     virtual void followAll() = 0;
 
 private:
     FormWindow& window_;
     Control* control_;
     QPointer<QWidget> widget_;
+    bool reading_ = false;
 };
 
 template <class C>

@@ -38,6 +38,7 @@ public:
     LabelBinder(FormWindow& window, Label& label, QWidget* parent);
 
 protected:
+    [[nodiscard]] bool canBeRead() const override { return true; }
     void follow(Aspect aspect, std::size_t row) override;
     void followColours() override;
     void followAll() override;

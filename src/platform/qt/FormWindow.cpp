@@ -95,6 +95,20 @@ Binder* FormWindow::binder(const Control& control) const
     return known == binders_.end() ? nullptr : known->second.get();
 }
 
+void FormWindow::followEnabledIn(const Control& frame)
+{
+    for (const Form::Entry& entry : form_->controls()) {
+        const Control* around = entry.control->container();
+        while (around != nullptr && around != &frame) {
+            around = around->container();
+        }
+        Binder* inside = around != nullptr ? binder(*entry.control) : nullptr;
+        if (inside != nullptr) {
+            inside->followEnabled();
+        }
+    }
+}
+
 Binder& FormWindow::binderFor(Control& control, QWidget* parent)
 {
     if (Binder* known = binder(control)) {

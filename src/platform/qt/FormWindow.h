@@ -48,6 +48,8 @@ public:
     // The widget of a control that the layout does not hold (an editor over a grid's cell), made when first asked for.
     Binder& binderFor(Control& control, QWidget* parent);
     Binder& place(Control& control, QWidget* parent);
+    void followEnabledIn(const Control& frame);  // all that stands in it
+    QPointer<QWidget> readText;                  // a field that is there to be read, with the last selection in one
     // A label in front of its contents; one that is no control is seen while anything of its contents is.
     void addLine(QLabel* label, std::vector<Control*> contents, bool hidesWithContents);
     [[nodiscard]] Control* controlOf(const QWidget* widget) const;  // nullptr for the empty area

@@ -138,6 +138,10 @@ void LineBinder::caretMoved()
     if (following_ || !alive()) {
         return;
     }
+    if (reading()) {
+        window().readText = edit_;
+        return;
+    }
     const QString text = edit_->text();
     // While a key is being typed the text is still to be told; the caret goes with it.
     if (fromQt(text) != c().text()) {
@@ -199,24 +203,29 @@ void LineBinder::follow(Aspect aspect, std::size_t /*row*/)
         followCaret();
         break;
     case Aspect::value:
-        edit_->setReadOnly(c().locked());
-        edit_->setFrame(!c().locked());
-        followColours();
+        followLock();
         break;
     default:
         break;
     }
 }
 
+void LineBinder::followLock()
+{
+    edit_->setReadOnly(readOnly());
+    edit_->setFrame(!readOnly());
+    edit_->setFocusPolicy(reading() ? Qt::NoFocus : Qt::StrongFocus);
+    followColours();
+}
+
 void LineBinder::followColours()
 {
-    edit_->setPalette(theme::fieldPalette(base_, c(), c().locked()));
+    edit_->setPalette(theme::fieldPalette(base_, c(), readOnly()));
 }
 
 void LineBinder::followAll()
 {
-    edit_->setReadOnly(c().locked());
-    edit_->setFrame(!c().locked());
+    followLock();
     followText();
 }
 
@@ -261,6 +270,10 @@ MultiLineBinder::MultiLineBinder(FormWindow& window, TextBox& box, QWidget* pare
 void MultiLineBinder::caretMoved()
 {
     if (following_ || !alive()) {
+        return;
+    }
+    if (reading()) {
+        window().readText = edit_;
         return;
     }
     const QString text = edit_->toPlainText();
@@ -312,24 +325,30 @@ void MultiLineBinder::follow(Aspect aspect, std::size_t /*row*/)
         followCaret();
         break;
     case Aspect::value:
-        edit_->setReadOnly(c().locked());
-        followColours();
+        followLock();
         break;
     default:
         break;
     }
 }
 
+void MultiLineBinder::followLock()
+{
+    edit_->setReadOnly(readOnly());
+    edit_->setTextInteractionFlags(readOnly() ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                              : Qt::TextEditorInteraction);
+    edit_->setFocusPolicy(reading() ? Qt::NoFocus : Qt::StrongFocus);
+    followColours();
+}
+
 void MultiLineBinder::followColours()
 {
-    edit_->setPalette(theme::fieldPalette(base_, c(), c().locked()));
+    edit_->setPalette(theme::fieldPalette(base_, c(), readOnly()));
 }
 
 void MultiLineBinder::followAll()
 {
-    edit_->setReadOnly(c().locked());
-    edit_->setTextInteractionFlags(c().locked() ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
-                                                : Qt::TextEditorInteraction);
+    followLock();
     followText();
 }
 

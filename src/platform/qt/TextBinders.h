@@ -52,8 +52,12 @@ protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followColours() override;
     void followAll() override;
+    [[nodiscard]] bool canBeRead() const override { return true; }
+    void followReading() override { followLock(); }
 
 private:
+    [[nodiscard]] bool readOnly() const { return c().locked() || reading(); }
+    void followLock();
     void followText();
     void followCaret();
     void caretMoved();
@@ -73,8 +77,12 @@ protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followColours() override;
     void followAll() override;
+    [[nodiscard]] bool canBeRead() const override { return true; }
+    void followReading() override { followLock(); }
 
 private:
+    [[nodiscard]] bool readOnly() const { return c().locked() || reading(); }
+    void followLock();
     void followText();
     void followCaret();
     void caretMoved();
