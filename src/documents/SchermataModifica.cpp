@@ -211,6 +211,8 @@ void SchermataModifica::esceDallaModifica()
     setModo(ModoDocumento::lettura);
     if (presente)
         setCaption(titoloLettura());
+    if (!cmdDocumento[comandoPrincipale].setFocus())
+        cmdDocumento[comandoChiudi].setFocus();
 }
 
 void SchermataModifica::annulla()
@@ -250,7 +252,6 @@ void SchermataModifica::RegistraModificheDocumento()
         completa(testata);
         riscriviTestata(cn, tabelle, testata);
         riscriviRighe(cn, tabelle, testata.IDDocumento, righe.righeDaRegistrare());
-        desktop().processEvents();
         scriviAltro(testata);
     };
     const bool scritto = inUnaTransazione(scrivi, "Routine: RegistraModificheDocumento", testi_.modulo);
@@ -265,7 +266,6 @@ void SchermataModifica::RegistraModificheDocumento()
     righe.campi.nuovaRiga();
     desktop().inform(testoAggiornato(), titoloMessaggi());
     esceDallaModifica();
-    cmdDocumento[comandoPrincipale].setFocus();
     Annuncia(sessione(), testoAggiornato());
 }
 

@@ -183,6 +183,7 @@ void frmModificaFattura::primaDellaModifica()
         desktop().inform("Attenzione! E' possibile modificare solo il prezzo degli articoli, in quanto il documento e' "
                          "riferito ad un D.D.T.",
                          titoloMessaggi());
+        schede.setTab(schedaDettagli);
     }
 }
 

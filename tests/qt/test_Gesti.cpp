@@ -71,6 +71,36 @@ TEST_F(Gesti, IlTestoDigitatoArrivaAlCampoEPassaDaiFiltri)
     EXPECT_EQ(controlli->txtLinea.selStart(), 2U);
 }
 
+TEST_F(Gesti, QuelCheStaInUnaCorniceDisabilitataSiLeggeESiCopia)
+{
+    auto& documento = apri<FormaDocumento>();
+    documento.txtCliente[0].setText("Rossi");
+    documento.cmdDocumento[0].setFocus();
+    documento.fraCliente.setEnabled(false);
+    documento.txtCliente[0].setText("Rossi e figli");
+    auto& campo = static_cast<QLineEdit&>(widget(documento.txtCliente[0]));
+    const QColor testo = campo.palette().color(QPalette::Active, QPalette::Text);
+    EXPECT_TRUE(campo.isEnabled());
+    EXPECT_TRUE(campo.isReadOnly());
+    EXPECT_FALSE(campo.hasFrame());
+    EXPECT_EQ(testo, campo.palette().color(QPalette::Active, QPalette::WindowText));
+    EXPECT_FALSE(widget(documento.cmdClear).isEnabled());
+
+    QTest::mouseDClick(&campo, Qt::LeftButton, {}, QPoint(6, campo.height() / 2));
+    EXPECT_EQ(campo.selectedText().trimmed(), QStringLiteral("Rossi"));
+    EXPECT_TRUE(documento.cmdDocumento[0].hasFocus()) << "what is read has not the keyboard";
+    QTest::keyClick(&fuoco(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().trimmed(), QStringLiteral("Rossi"));
+    QTest::keyClicks(&campo, QStringLiteral("x"));
+    EXPECT_EQ(documento.txtCliente[0].text(), "Rossi e figli");
+
+    documento.fraCliente.setEnabled(true);
+    EXPECT_FALSE(campo.isReadOnly());
+    EXPECT_TRUE(widget(documento.cmdClear).isEnabled());
+    clic(documento.txtCliente[0]);
+    EXPECT_TRUE(documento.txtCliente[0].hasFocus());
+}
+
 TEST_F(Gesti, ITastiDelTastierinoScrivonoLaVirgola)
 {
     controlli->txtCifre.setFocus();

@@ -58,7 +58,7 @@ protected:
     // Stands in a disabled frame, to be read.
     [[nodiscard]] bool reading() const { return reading_; }
     [[nodiscard]] virtual bool canBeRead() const { return false; }
-    virtual void followReading() {}
+    virtual void followReading() { followColours(); }
     virtual void followAll() = 0;
 
 private:

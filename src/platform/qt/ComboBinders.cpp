@@ -60,6 +60,14 @@ void ComboWidget::showPopup()
 
 void ComboWidget::paintEvent(QPaintEvent* event)
 {
+    if (reading) {
+        if (!isEditable()) {
+            QPainter painter(this);
+            painter.setPen(palette().color(QPalette::Active, QPalette::WindowText));
+            painter.drawText(rect().adjusted(theme::pixels(2), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, shown);
+        }
+        return;
+    }
     if (isEditable()) {
         QComboBox::paintEvent(event);
         return;
@@ -218,7 +226,18 @@ void ComboBinder::followColours()
         palette.setColor(QPalette::Button, toQt(*c().backColour()));
         palette.setColor(QPalette::ButtonText, palette.color(QPalette::Text));
     }
+    if (reading()) {
+        theme::makeLegible(palette);
+        palette.setColor(QPalette::Disabled, QPalette::Base, Qt::transparent);
+    }
     combo_->setPalette(palette);
+}
+
+void ComboBinder::followReading()
+{
+    combo_->reading = reading();
+    followColours();
+    combo_->update();
 }
 
 void ComboBinder::followAll()

@@ -29,6 +29,7 @@ public:
     explicit ComboWidget(QWidget* parent) : QComboBox(parent) {}
     QString shown;
     bool locked = false;
+    bool reading = false;  // its text alone, as of a read-only field
     void showPopup() override;
 
 protected:
@@ -49,6 +50,7 @@ public:
 protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followColours() override;
+    void followReading() override;
     void followAll() override;
 
 private:

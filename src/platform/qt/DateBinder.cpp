@@ -154,7 +154,11 @@ void DateBinder::focused()
 
 void DateBinder::followColours()
 {
-    edit_->setPalette(theme::fieldPalette(base_, c(), false));
+    QPalette palette = theme::fieldPalette(base_, c(), false);
+    if (reading()) {
+        theme::makeLegible(palette);
+    }
+    edit_->setPalette(palette);
 }
 
 void DateBinder::followAll()

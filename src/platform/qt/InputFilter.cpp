@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <algorithm>
 
 #include "platform/qt/Binder.h"
@@ -18,6 +19,25 @@
 #include "platform/windowing/Lists.h"
 
 namespace bravona {
+
+namespace {
+
+// What is selected in a field that is there to be read, which has not the keyboard; false without a selection.
+bool copyRead(QWidget* field)
+{
+    if (auto* line = qobject_cast<QLineEdit*>(field); line != nullptr && line->hasSelectedText()) {
+        line->copy();
+        return true;
+    }
+    auto* text = qobject_cast<QPlainTextEdit*>(field);
+    if (text == nullptr || !text->textCursor().hasSelection()) {
+        return false;
+    }
+    text->copy();
+    return true;
+}
+
+}  // namespace
 
 bool InputFilter::passing(const QEvent& event) const
 {
@@ -133,6 +153,10 @@ bool InputFilter::leftOver(FormWindow& window, QWidget& target, QKeyEvent& event
     const char32_t typed = typedCharacter(event);
     if (binder != nullptr && event.matches(QKeySequence::Paste) && binder->takesText()) {
         desktop_.paste(*binder, QApplication::clipboard()->text());
+        return true;
+    }
+    const bool typing = control != nullptr && control->kind() == ControlKind::textBox;
+    if (event.matches(QKeySequence::Copy) && !typing && copyRead(window.readText)) {
         return true;
     }
     int key = event.key();

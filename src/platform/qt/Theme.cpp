@@ -227,6 +227,13 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
     return result;
 }
 
+void makeLegible(QPalette& palette)
+{
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText}) {
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    }
+}
+
 void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette)
 {
     const int side = std::min({cell.width() - 4, cell.height() - 6, pixels(16)});

@@ -36,6 +36,9 @@ QColor tinted(const QPalette& palette);  // ground of what is selected where the
 // a read-only one lies on the window's background.
 QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnly);
 
+// Greyed, but with its text as legible as any: of what stands to be read and cannot be used.
+void makeLegible(QPalette& palette);
+
 // The paid and unpaid marks of a grid, centred in the cell.
 void drawMark(QPainter& painter, const QRect& cell, bool paid, const QPalette& palette);
 
