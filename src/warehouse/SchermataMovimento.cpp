@@ -113,8 +113,8 @@ void SchermataMovimento::inizializzaCampi()
 void SchermataMovimento::cercaFornitore()
 {
     sessione_.TipoAnagraficaCorrente = "F";
-    const std::int32_t id = RicercaClientiFornitori(sessione_, TabellaAnagrafica::clienti, txtFornitore.text(),
-                                                    CampoAnagrafica::nome);
+    const std::int32_t id =
+        RicercaClientiFornitori(sessione_, TabellaAnagrafica::clienti, txtFornitore.text(), CampoAnagrafica::nome);
     if (id == ricerca::annullata)
         return;
     clsCliente fornitore(sessione_);
