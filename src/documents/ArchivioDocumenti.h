@@ -38,7 +38,7 @@ void scriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t i
 void riscriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t idDocumento,
                    std::span<const RigaDocumento> righe);
 
-// Links an invoice with a transport document it was made from, and marks that as invoiced.
-void collega(Connection& cn, const TestataDocumento& fattura, const TestataDocumento& ddt);
+// Links an invoice with the transport documents it was made from, and marks those as invoiced.
+void collega(Connection& cn, const TestataDocumento& fattura, std::span<const Documento> ddt);
 
 }  // namespace bravona

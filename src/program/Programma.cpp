@@ -1,7 +1,10 @@
 #include "program/Programma.h"
 
+#include "documents/frmAnnullamento.h"
 #include "documents/frmDettagliIVA.h"
+#include "documents/frmDocumentoDaProforma.h"
 #include "documents/frmEmissioneDocumento.h"
+#include "documents/frmFatturaDaDDT.h"
 #include "documents/frmResoconto.h"
 #include "documents/frmSelezioneDocumento.h"
 #include "documents/frmZoomDescrizione.h"
@@ -98,6 +101,9 @@ void Programma::registraSchermate()
     registra<frmSelezioneDocumento>(sessione_, "frmSelezioneDocumento");
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
+    registra<frmFatturaDaDDT>(sessione_, "frmFatturaDaDDT");
+    registra<frmDocumentoDaProforma>(sessione_, "frmDocumentoDaProforma");
+    registra<frmAnnullamento>(sessione_, "frmAnnullamento");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");
 
