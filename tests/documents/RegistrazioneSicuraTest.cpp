@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "documents/modScarico.h"
@@ -73,15 +74,22 @@ TEST(Registration, AKillAtAnyInstantLeavesTheArchiveBeforeOrAfterIt)
     ProgrammaDiProva programma;
     programma.componiFattura(righe);
     std::set<Stato> visti;
-    const int uccisioni = uccidiAOgniIstante(
-        programma, [&] { programma.utente.click(programma.controllo("cmdDocumento[0]")); },
-        [&](Connection& cn) {
+    int istanti = 0;
+    adOgniIstante(
+        programma.archivio(), [&] { programma.utente.click(programma.controllo("cmdDocumento[0]")); },
+        [&](Connection& cn, int istante) {
             const Stato stato = leggi(cn);
             EXPECT_TRUE(stato == nulla || stato == registrato || stato == scaricato)
-                << stato.testate << " headers, " << stato.dettagli << " rows, " << stato.rate << " instalments";
+                << "operation " << istante << ": " << stato.testate << " headers, " << stato.dettagli << " rows, "
+                << stato.rate << " instalments";
             visti.insert(stato);
+            istanti = std::max(istanti, istante);
+            // The next start makes good what was due.
+            riprendiScarichi(cn);
+            EXPECT_EQ(leggi(cn), stato == nulla ? nulla : scaricato) << "operation " << istante;
+            EXPECT_TRUE(cn.open("SELECT * FROM ScarichiDovuti").eof());
         });
-    EXPECT_GT(uccisioni, 20);
+    EXPECT_GT(istanti, 10);
     EXPECT_EQ(visti, (std::set<Stato>{nulla, registrato, scaricato}));
 }
 

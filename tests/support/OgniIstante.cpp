@@ -1,77 +1,71 @@
 #include "support/OgniIstante.h"
 
-#include <gtest/gtest.h>
-
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
+#include <stdexcept>
 
 #include "schema/Schema.h"
 #include "support/ScritturaUccisa.h"
 
 namespace bravona {
 
-namespace {
-
 namespace fs = std::filesystem;
+
+namespace {
 
 fs::path giornale(const fs::path& file)
 {
     return file.string() + "-journal";
 }
 
-void copiaConGiornale(const fs::path& da, const fs::path& a)
+void copia(const fs::path& da, const fs::path& a)
 {
     fs::copy_file(da, a, fs::copy_options::overwrite_existing);
     fs::remove(giornale(a));
-    if (fs::exists(giornale(da))) {
+    if (fs::exists(giornale(da)))
         fs::copy_file(giornale(da), giornale(a));
-    }
 }
 
-// False when the action came to its end.
+// Whether it was killed.
 bool ucciso(int istante, ScritturaUccisa::Modo modo, const std::function<void()>& azione)
 {
     const pid_t figlio = ::fork();
     if (figlio == 0) {
         ScritturaUccisa::arma(istante, modo);
-        azione();
-        ::_exit(0);
+        try {
+            azione();
+            ::_exit(0);
+        } catch (...) {
+            ::_exit(1);
+        }
     }
     int esito = 0;
-    EXPECT_EQ(::waitpid(figlio, &esito, 0), figlio);
-    if (!WIFSIGNALED(esito)) {
-        EXPECT_EQ(WEXITSTATUS(esito), 0);
-        return false;
-    }
-    return true;
+    if (::waitpid(figlio, &esito, 0) != figlio || (!WIFSIGNALED(esito) && WEXITSTATUS(esito) != 0))
+        throw std::runtime_error("the action failed");
+    return WIFSIGNALED(esito);
 }
 
 }  // namespace
 
-int uccidiAOgniIstante(ProgrammaDiProva& programma, const std::function<void()>& azione,
-                       const std::function<void(Connection&)>& guarda)
+void adOgniIstante(const fs::path& archivio, const std::function<void()>& azione,
+                   const std::function<void(Connection& rimasto, int istante)>& guarda)
 {
-    const fs::path archivio = programma.archivio();
-    const fs::path prima = programma.cartella() / "prima.mdb";
-    const fs::path dopo = programma.cartella() / "dopo.mdb";
-    fs::copy_file(archivio, prima);
-    int uccisioni = 0;
+    const fs::path prima = archivio.string() + ".prima";
+    const fs::path dopo = archivio.string() + ".dopo";
+    copia(archivio, prima);
     for (const auto modo : {ScritturaUccisa::Modo::prima, ScritturaUccisa::Modo::mezza}) {
-        bool ancora = true;
-        for (int istante = 1; ancora; ++istante) {
-            ancora = ucciso(istante, modo, azione);
-            uccisioni += ancora ? 1 : 0;
-            copiaConGiornale(archivio, dopo);
-            fs::copy_file(prima, archivio, fs::copy_options::overwrite_existing);
-            fs::remove(giornale(archivio));
+        for (int istante = 1;; ++istante) {
+            const bool morto = ucciso(istante, modo, azione);
+            copia(archivio, dopo);
+            copia(prima, archivio);
             Connection cn;
             cn.open(dopo.string(), passwordArchivio);
-            guarda(cn);
+            guarda(cn, istante);
+            if (!morto)
+                break;
         }
     }
-    return uccisioni;
 }
 
 }  // namespace bravona
