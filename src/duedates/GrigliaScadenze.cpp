@@ -80,9 +80,12 @@ GrigliaScadenze::GrigliaScadenze(const Clock& orologio) : orologio_(orologio)
     casellaDi(colonnaSaldo).setLocked(true);
     DTPicker1.setVisible(false);
     DTPicker1.onChange = [this] { cambioData(); };
+    DTPicker1.onRefused = [this] { dataNonValida(); };
     DTPicker1.onLostFocus = [this] { lasciaData(); };
     DTPicker1.onKeyDown = [this](KeyEvent& evento) {
         if (evento.key == Key::enter || evento.key == Key::escape) {
+            if (evento.key == Key::escape)
+                DTPicker1.setDate(DTPicker1.date());  // what was typed and is no date yet is forgotten
             evento.drop();
             Griglia.setFocus();
         }
@@ -175,6 +178,7 @@ void GrigliaScadenze::chiudiEditor()
     apertura_ = true;
     for (TextBox& box : casella)
         box.setVisible(false);
+    DTPicker1.setDate(DTPicker1.date());  // a date half typed is none
     DTPicker1.setVisible(false);
     apertura_ = false;
 }
@@ -203,13 +207,12 @@ void GrigliaScadenze::apriCella(const std::string& testo)
         Griglia.setFocus();
         return;
     }
-    Modificato = true;
     if (riga == 0)
         return;
 
     if (colonna == colonnaScadenza) {
         if (Griglia.text(riga, colonna).empty())
-            Griglia.setText(riga, colonna, orologio_.today().text());
+            scriviCella(riga, colonna, orologio_.today().text());
         apertura_ = true;
         Griglia.placeOver(DTPicker1, riga, colonna);
         DTPicker1.tag = std::to_string(riga);
@@ -225,7 +228,8 @@ void GrigliaScadenze::apriCella(const std::string& testo)
     apertura_ = true;
     Griglia.placeOver(box, riga, colonna);
     box.tag = std::to_string(riga);
-    box.setText(Griglia.text(riga, colonna));
+    primaDellaModifica_ = Griglia.text(riga, colonna);
+    box.setText(primaDellaModifica_);
     apertura_ = false;
     box.setVisible(true);
     box.setFocus();
@@ -271,14 +275,27 @@ void GrigliaScadenze::tastoCasella(int colonna, char32_t& tasto)
     tasto = bloccata_ ? 0 : filtroDi(colonna, tasto);
 }
 
+void GrigliaScadenze::dataNonValida()
+{
+    form()->desktop().inform("Non è una data valida", "Scadenza");
+}
+
+// By hand: only what becomes another text is a change of the plan.
+void GrigliaScadenze::scriviCella(int riga, int colonna, std::string testo)
+{
+    if (Griglia.text(riga, colonna) == testo)
+        return;
+    Griglia.setText(riga, colonna, std::move(testo));
+    Modificato = true;
+}
+
 // Enter leaves the editor; a text that is no date goes with it.
 void GrigliaScadenze::confermaCasella(int colonna)
 {
     TextBox& box = casellaDi(colonna);
     const bool dataSbagliata = colonnaDiDate(colonna) && !box.text().empty() && !isDate(box.text());
-    if (dataSbagliata) {
-        form()->desktop().inform("Non è una data valida", "Scadenza");
-    }
+    if (dataSbagliata)
+        dataNonValida();
     Griglia.setFocus();
     if (dataSbagliata) {
         box.setText({});
@@ -328,6 +345,19 @@ void GrigliaScadenze::spostaCasella(int colonna, KeyEvent& evento)
     apriCella({});
 }
 
+// A text without a digit counts as 0; any other that is no amount is told, and the cell keeps what it held.
+void GrigliaScadenze::concludiImporto(int riga, int colonna)
+{
+    const std::string& testo = Griglia.text(riga, colonna);
+    if (testo.empty() || isNumeric(testo))
+        return;
+    const bool nessunaCifra = testo.find_first_of("0123456789") == std::string::npos;
+    if (!nessunaCifra)
+        form()->desktop().inform("Valore non valido!", "Scadenza");
+    scriviCella(riga, colonna, nessunaCifra ? FormattaImporto("0") : primaDellaModifica_);
+    CalcolaSaldo(riga);
+}
+
 // The box goes back to what the cell holds.
 void GrigliaScadenze::rifiutaImporto(int riga, int colonna)
 {
@@ -361,7 +391,7 @@ void GrigliaScadenze::cambioCasella(int colonna)
             testo = FormattaImporto(testo);
         }
     }
-    Griglia.setText(riga, colonna, testo);
+    scriviCella(riga, colonna, std::move(testo));
     CalcolaSaldo(riga);
 }
 
@@ -374,10 +404,12 @@ void GrigliaScadenze::lasciaCasella(int colonna)
     if (riga < 1 || riga >= Griglia.rows())
         return;
     if (colonna == colonnaDataPagamento && !isDate(box.text())) {
-        Griglia.setText(riga, colonna, {});
+        scriviCella(riga, colonna, {});
         box.setText({});
     }
     box.setVisible(false);
+    if (colonnaDiImporti(colonna))
+        concludiImporto(riga, colonna);
     if (CambioCella)
         CambioCella(riga, colonna);
 }
@@ -388,7 +420,7 @@ void GrigliaScadenze::cambioData()
         return;
     const int riga = static_cast<int>(leadingNumber(DTPicker1.tag));
     if (riga >= 1 && riga < Griglia.rows())
-        Griglia.setText(riga, colonnaScadenza, DTPicker1.date().text());
+        scriviCella(riga, colonnaScadenza, DTPicker1.date().text());
 }
 
 void GrigliaScadenze::lasciaData()

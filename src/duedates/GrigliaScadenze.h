@@ -86,6 +86,9 @@ private:
     void cambioCasella(int colonna);
     void rifiutaImporto(int riga, int colonna);
     void lasciaCasella(int colonna);
+    void concludiImporto(int riga, int colonna);
+    void scriviCella(int riga, int colonna, std::string testo);
+    void dataNonValida();
     void cambioData();
     void lasciaData();
     void aggiungi();
@@ -96,7 +99,8 @@ private:
     const Clock& orologio_;
     Layout disposizione_;
     bool bloccata_ = false;
-    bool apertura_ = false;  // an editor takes the cell's text: nothing is written back
+    std::string primaDellaModifica_;  // what the cell held when its box was opened
+    bool apertura_ = false;           // an editor takes the cell's text: nothing is written back
 };
 
 }  // namespace bravona
