@@ -109,7 +109,7 @@ void frmCodiciIva::Modifica()
 void frmCodiciIva::Elimina()
 {
     const std::int32_t id = idSelezionato();
-    if (id == 0 || !desktop().ask("Eliminare il codice IVA selezionato?", titoloTabella)) {
+    if (id == 0 || !desktop().askBeforeLosing("Eliminare il codice IVA selezionato?", titoloTabella)) {
         return;
     }
     auto& tabella = TabellaIvaDi(sessione_);

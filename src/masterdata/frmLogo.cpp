@@ -120,7 +120,7 @@ void frmLogo::elimina()
         desktop().inform("Nessun logo da eliminare", titolo);
         return;
     }
-    if (!desktop().ask("Eliminare il logo dell'azienda dalle stampe dei documenti?", titolo)) {
+    if (!desktop().askBeforeLosing("Eliminare il logo dell'azienda dalle stampe dei documenti?", titolo)) {
         return;
     }
     try {

@@ -83,7 +83,8 @@ bool frmModalitaPagamento::onQueryUnload(CloseCause)
             throw;
         }
         desktop().report(errore);
-        return desktop().ask("Le modifiche non sono state salvate. Chiudere senza salvarle?", "Modalita pagamento");
+        return desktop().askBeforeLosing("Le modifiche non sono state salvate. Chiudere senza salvarle?",
+                                         "Modalita pagamento");
     }
 }
 

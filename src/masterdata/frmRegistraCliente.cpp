@@ -15,7 +15,7 @@ frmRegistraCliente::frmRegistraCliente(Sessione& sessione)
                      .aggiunta = [this](const ListRow&) { return "d" + std::to_string(++contatore_); },
                      .eliminare =
                          [this](const std::string&) {
-                             return desktop().ask("Vuoi eliminare la destinazione selezionata?", titolo);
+                             return desktop().askBeforeLosing("Vuoi eliminare la destinazione selezionata?", titolo);
                          }},
                     {"&Registra", "&Chiudi", "Ricerca..."})
 {

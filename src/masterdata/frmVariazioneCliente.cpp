@@ -33,6 +33,7 @@ frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
     Combo2.setListIndex(0);
     Combo2.width = 23;
     txtCercaCliente.grows = true;
+    txtCercaCliente.placeholder = "F3 cerca";
     lblRicerca_.style = TextStyle::hint;
     const auto invioCerca = [this](KeyEvent& evento) {
         if (evento.key == Key::enter) {
@@ -167,7 +168,7 @@ bool frmVariazioneCliente::eliminaDestinazione(const std::string& chiave)
                          titolo);
         return false;
     }
-    if (!desktop().ask("Vuoi eliminare la riga selezionata?", titolo)) {
+    if (!desktop().askBeforeLosing("Vuoi eliminare la riga selezionata?", titolo)) {
         return false;
     }
     sessione().cn.execute("DELETE * FROM DestinazioneMerceClienti WHERE IDDestinazione=" + std::to_string(id));
