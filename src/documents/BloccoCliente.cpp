@@ -52,6 +52,7 @@ BloccoCliente::BloccoCliente(Sessione& sessione, std::string titolo, std::string
                 cerca(evento);
         };
     }
+    txtCliente[nome].placeholder = "F3 cerca";
     // A name just typed, Enter looks up; under the customer's own it does what it does elsewhere.
     txtCliente[nome].onKeyDown = [this](KeyEvent& evento) {
         const std::string& testo = txtCliente[nome].text();

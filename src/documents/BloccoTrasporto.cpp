@@ -29,6 +29,7 @@ BloccoTrasporto::BloccoTrasporto()
     txtVettore.grows = true;
     txtPeso.align = Align::right;
     txtColliNumero.align = Align::right;
+    txtPeso.numeric = true;
     txtPeso.onKeyPress = filtraTasti(ValidaImporto);
     txtColliNumero.onKeyPress = filtraTasti(ValidaCifre);
     cmbCausaleTrasporto.width = 14;

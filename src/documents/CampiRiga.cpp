@@ -108,6 +108,8 @@ void CampiRiga::collega()
             PulisciCampiRiga();
     };
     txtCodiceArticolo.onKeyPress = filtraTasti(inMaiuscolo);
+    txtCodiceArticolo.placeholder = "F3 cerca";
+    txtDescrizione.placeholder = "F3 cerca";
     txtCodiceArticolo.onKeyDown = [this](KeyEvent& evento) {
         if (evento.key == Key::f3 || (evento.key == Key::enter && codiceDaCercare())) {
             evento.drop();
@@ -140,6 +142,8 @@ void CampiRiga::collega()
         else if (isNumeric(txtPrezzo.text()))  // what is none is told when the row is added
             txtPrezzo.setText(FormattaImporto(txtPrezzo.text()));
     };
+    txtPrezzo.numeric = true;
+    txtQuantita.numeric = true;
     txtPrezzo.onKeyPress = [this](char32_t& tasto) {
         tasto = ValidaImporto(tasto);
         if (tasto == U',' && senzaSelezione(txtPrezzo).find(U',') != std::u32string::npos)

@@ -72,6 +72,7 @@ GrigliaScadenze::GrigliaScadenze(const Clock& orologio) : orologio_(orologio)
         box.selectOnFocus = false;
         if (colonnaDiImporti(colonna))
             box.align = Align::right;
+        box.numeric = colonnaDiImporti(colonna);
         box.onKeyPress = [this, colonna](char32_t& tasto) { tastoCasella(colonna, tasto); };
         box.onKeyDown = [this, colonna](KeyEvent& evento) { spostaCasella(colonna, evento); };
         box.onChange = [this, colonna] { cambioCasella(colonna); };

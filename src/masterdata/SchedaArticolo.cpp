@@ -107,6 +107,7 @@ void SchedaArticolo::preparaCaselle()
     for (TextBox& casella : txtEuro) {
         casella.width = 14;
         casella.align = Align::right;
+        casella.numeric = true;
         casella.onKeyPress = [&casella](char32_t& tasto) {
             tasto = ValidaImporto(tasto);
             if (tasto == U',' && casella.selLength() == 0 && casella.text().find(',') != std::string::npos) {

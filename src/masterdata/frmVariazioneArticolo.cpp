@@ -32,6 +32,7 @@ frmVariazioneArticolo::frmVariazioneArticolo(Sessione& sessione)
         unload();
         sessione_.schermate().get("frmRegistraArticolo").show();
     };
+    txtChiaveRicerca.placeholder = "F3 cerca";
     add("txtChiaveRicerca", txtChiaveRicerca);
     add("cboCampoDiRicerca", cboCampoDiRicerca);
     add("cmdClearPicture", cmdClearPicture);

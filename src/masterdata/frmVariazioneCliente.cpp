@@ -32,6 +32,7 @@ frmVariazioneCliente::frmVariazioneCliente(Sessione& sessione)
     Combo2.setListIndex(0);
     Combo2.width = 23;
     txtCercaCliente.grows = true;
+    txtCercaCliente.placeholder = "F3 cerca";
     lblRicerca_.style = TextStyle::hint;
     const auto invioCerca = [this](KeyEvent& evento) {
         if (evento.key == Key::enter) {

@@ -24,6 +24,7 @@ frmVariazioneComune::frmVariazioneComune(Sessione& sessione)
     cboCampoDiRicerca.setListIndex(0);
     cboCampoDiRicerca.width = 12;
     txtCercaComune.grows = true;
+    txtCercaComune.placeholder = "F3 cerca";
     const auto invioCerca = [this](KeyEvent& evento) {
         if (evento.key == Key::enter) {
             evento.drop();

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] Transcript& transcript() { return *transcript_; }
     // Title and text of the box shown last, and how many there were.
     [[nodiscard]] const MessageBox& lastBox() const { return transcript_->boxes.at(transcript_->boxes.size() - 1).box; }
+    std::vector<std::string> refused;  // fields whose filter dropped a key
     [[nodiscard]] std::size_t boxCount() const { return transcript_->boxes.size(); }
     void answer(MsgAnswer next) { transcript_->answers.push_back(next); }
     void answerFile(std::string path) { transcript_->files.push_back(std::move(path)); }
@@ -124,6 +125,7 @@ protected:
     void doUnload(Form& form) override;
     void doModalLoop(Form& form, const std::function<bool()>& done) override;
     void doFocus(Control& control) override;
+    void keyRefused(Control& field) override { refused.push_back(field.fullName()); }
 
 private:
     struct Due {

@@ -36,6 +36,8 @@ public:
     void followEnabled();
     // Everything from the record, once it stands in its place.
     void refresh();
+    // Other letters are marked in captions.
+    virtual void lettersChanged() {}
     virtual void detach() { control_ = nullptr; }
 
     // A key that the core left over, before the widget sees it; true when it was used up.

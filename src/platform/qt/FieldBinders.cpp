@@ -112,7 +112,7 @@ LabelBinder::LabelBinder(FormWindow& window, Label& label, QWidget* parent)
 void LabelBinder::follow(Aspect aspect, std::size_t /*row*/)
 {
     if (aspect == Aspect::text) {
-        label_->setText(toQt(c().caption()));
+        label_->setText(toQt(Letters::marked(c().caption(), window().letters().of(c()))));
     }
 }
 
@@ -138,7 +138,7 @@ void LabelBinder::followColours()
 
 void LabelBinder::followAll()
 {
-    label_->setText(toQt(c().caption()));
+    label_->setText(toQt(Letters::marked(c().caption(), window().letters().of(c()))));
 }
 
 // --- buttons
@@ -194,7 +194,7 @@ void ButtonBinder::follow(Aspect aspect, std::size_t /*row*/)
 
 void ButtonBinder::followAll()
 {
-    button_->setText(toQt(c().caption()));
+    button_->setText(toQt(Letters::marked(c().caption(), window().letters().of(c()))));
     const QString plain = captionWithoutMark(c().caption());
     // A button of one sign ("...") is as wide as it needs; the others have a common least width.
     const bool sign =
@@ -231,7 +231,7 @@ void CheckBinder::follow(Aspect aspect, std::size_t /*row*/)
 
 void CheckBinder::followAll()
 {
-    box_->setText(toQt(c().caption()));
+    box_->setText(toQt(Letters::marked(c().caption(), window().letters().of(c()))));
     box_->setChecked(c().checked());
 }
 
@@ -261,7 +261,7 @@ void OptionBinder::follow(Aspect aspect, std::size_t /*row*/)
 
 void OptionBinder::followAll()
 {
-    option_->setText(toQt(c().caption()));
+    option_->setText(toQt(Letters::marked(c().caption(), window().letters().of(c()))));
     option_->setChecked(c().chosen());
 }
 

@@ -37,6 +37,8 @@ class LabelBinder final : public BinderOf<Label> {
 public:
     LabelBinder(FormWindow& window, Label& label, QWidget* parent);
 
+    void lettersChanged() override { followAll(); }
+
 protected:
     [[nodiscard]] bool canBeRead() const override { return true; }
     void follow(Aspect aspect, std::size_t row) override;
@@ -53,6 +55,8 @@ public:
     void setDefault(bool isDefault);
     bool key(QKeyEvent& event) override;
 
+    void lettersChanged() override { followAll(); }
+
 protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followAll() override;
@@ -66,6 +70,8 @@ public:
     CheckBinder(FormWindow& window, CheckBox& box, QWidget* parent);
     bool key(QKeyEvent& event) override;
 
+    void lettersChanged() override { followAll(); }
+
 protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followAll() override;
@@ -78,6 +84,8 @@ class OptionBinder final : public BinderOf<OptionButton> {
 public:
     OptionBinder(FormWindow& window, OptionButton& option, QWidget* parent);
     bool key(QKeyEvent& event) override;
+
+    void lettersChanged() override { followAll(); }
 
 protected:
     void follow(Aspect aspect, std::size_t row) override;

@@ -42,6 +42,7 @@ void FormWindow::build()
 {
     content_ = new QWidget;
     content_->setObjectName(toQt(form_->name()));
+    letters_ = Letters(*form_);
     // A picture alone reaches the edges of its splash; anything else keeps its distance.
     const bool bare = form_->style() == WindowStyle::splash && form_->layout().kind == Layout::Kind::control;
     LayoutBuilder(*this).build(form_->layout(), content_, bare ? 0 : theme::group());
@@ -53,6 +54,7 @@ void FormWindow::build()
             }
         }
     }
+    markLines();
     if (form_->menuBar && form_->style() != WindowStyle::main) {
         ownMenu_ = new QMenuBar(content_);
         content_->layout()->setMenuBar(ownMenu_);
@@ -123,9 +125,9 @@ Binder& FormWindow::binderFor(Control& control, QWidget* parent)
     return made;
 }
 
-void FormWindow::addLine(QLabel* label, std::vector<Control*> contents, bool hidesWithContents)
+void FormWindow::addLine(QLabel* label, const Layout& line, std::vector<Control*> contents)
 {
-    lines_.push_back({label, std::move(contents), hidesWithContents});
+    lines_.push_back({label, line.caption, std::move(contents), line.label == nullptr});
 }
 
 void FormWindow::followLines()
@@ -163,6 +165,33 @@ void FormWindow::changed(Control& control, Aspect aspect, std::size_t row)
         } else if (aspect == Aspect::text &&
                    (control.kind() == ControlKind::label || control.kind() == ControlKind::button)) {
             growLater();
+        }
+        if (aspect == Aspect::text && control.kind() != ControlKind::textBox) {
+            followLetters();
+        }
+    }
+}
+
+// The marks in captions stand where the core says.
+void FormWindow::followLetters()
+{
+    Letters now(*form_);
+    if (now == letters_) {
+        return;
+    }
+    letters_ = std::move(now);
+    for (const auto& [control, binder] : binders_) {
+        binder->lettersChanged();
+    }
+    markLines();
+}
+
+void FormWindow::markLines()
+{
+    for (const Line& line : lines_) {
+        const auto field = std::ranges::find(line.contents, line.caption, &Control::labelCaption);
+        if (line.hides && line.label && field != line.contents.end()) {
+            line.label->setText(toQt(Letters::marked(line.caption, letters_.ofLine(**field))));
         }
     }
 }
@@ -490,7 +519,9 @@ void FormWindow::savePlace()
         return;  // nobody moved it
     }
     if (maximised) {
-        rect = kept ? kept->rect : QRect(shell_->pos(), wantedSize());
+        // At its first use it has no place yet but the program's own.
+        rect =
+            kept ? kept->rect : QRect(shell_->pos(), wantedSize().expandedTo({theme::pixels(800), theme::pixels(500)}));
     }
     desktop_.places().setPlace(placeKey(), {rect, maximised});
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/windowing/Form.h"
+#include "platform/windowing/Letters.h"
 
 class QLabel;
 class QScrollArea;
@@ -51,7 +52,8 @@ public:
     void followEnabledIn(const Control& frame);  // all that stands in it
     QPointer<QWidget> readText;                  // a field that is there to be read, with the last selection in one
     // A label in front of its contents; one that is no control is seen while anything of its contents is.
-    void addLine(QLabel* label, std::vector<Control*> contents, bool hidesWithContents);
+    void addLine(QLabel* label, const Layout& line, std::vector<Control*> contents);
+    [[nodiscard]] const Letters& letters() const { return letters_; }
     [[nodiscard]] Control* controlOf(const QWidget* widget) const;  // nullptr for the empty area
 
     void changed(Control& control, Aspect aspect, std::size_t row) override;
@@ -70,6 +72,8 @@ private:
     void followForm();
     void followMenu();
     void followLines();
+    void followLetters();
+    void markLines();
     void savePlace();
     void placeShell();
     void growLater();  // to contents that have become larger
@@ -92,10 +96,12 @@ private:
     bool growing_ = false;        // waits to
     struct Line {
         QPointer<QLabel> label;
+        std::string caption;
         std::vector<Control*> contents;
         bool hides = false;
     };
     std::vector<Line> lines_;
+    Letters letters_;
     std::unordered_map<const Control*, std::unique_ptr<Binder>> binders_;
     std::unordered_map<const QWidget*, Control*> controls_;
 };

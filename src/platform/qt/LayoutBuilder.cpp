@@ -309,7 +309,7 @@ QWidget* LayoutBuilder::lineLabel(const Layout& line, QWidget* parent)
     }
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setMinimumHeight(theme::fieldHeight(label->font()));
-    window_.addLine(label, std::move(contents), line.label == nullptr);
+    window_.addLine(label, line, std::move(contents));
     return label;
 }
 

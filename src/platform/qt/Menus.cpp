@@ -4,46 +4,15 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <algorithm>
-#include <set>
 #include <vector>
 
 #include "platform/qt/Conversions.h"
 #include "platform/text/Text.h"
+#include "platform/windowing/Letters.h"
 
 namespace bravona::menus {
 
 namespace {
-
-// The captions of a menu's entries, with a letter to choose by for those that bring none: the first of their letters,
-// beginnings of words before the others, that no other entry has.
-std::vector<QString> captions(const Menu& record)
-{
-    std::vector<QString> result;
-    std::set<char32_t> taken;
-    for (const auto& entry : record.entries) {
-        result.push_back(toQt(entry->caption));
-        if (const char32_t letter = mnemonic(entry->caption)) {
-            taken.insert(letter);
-        }
-    }
-    const auto mark = [&taken](QString& caption, bool beginnings) {
-        for (qsizetype i = 0; i < caption.size(); ++i) {
-            const bool beginning = i == 0 || caption[i - 1].isSpace() || caption[i - 1] == u'/';
-            if (caption[i].isLetter() && beginning == beginnings &&
-                taken.insert(caption[i].toUpper().unicode()).second) {
-                caption.insert(i, u'&');
-                return true;
-            }
-        }
-        return false;
-    };
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        if (!record.entries[i]->separator && mnemonic(record.entries[i]->caption) == 0 && !mark(result[i], true)) {
-            mark(result[i], false);
-        }
-    }
-    return result;
-}
 
 void followEntry(QAction& action, const Menu& entry, const QString& caption)
 {
@@ -60,7 +29,7 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
     if (actions.size() != static_cast<qsizetype>(record.entries.size())) {
         return false;
     }
-    const std::vector<QString> texts = captions(record);
+    const std::vector<std::string> texts = Letters::ofEntries(record);
     for (qsizetype i = 0; i < actions.size(); ++i) {
         const Menu& entry = *record.entries[static_cast<std::size_t>(i)];
         QAction& action = *actions[i];
@@ -70,7 +39,7 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
             return false;
         }
         if (!entry.separator) {
-            followEntry(action, entry, texts[static_cast<std::size_t>(i)]);
+            followEntry(action, entry, toQt(texts[static_cast<std::size_t>(i)]));
         }
     }
     return true;
@@ -79,7 +48,7 @@ bool followEntries(const QList<QAction*>& actions, const Menu& record)
 template <class Target>
 void addEntries(Target& target, Menu& record, const Chosen& chosen)
 {
-    const std::vector<QString> texts = captions(record);
+    const std::vector<std::string> texts = Letters::ofEntries(record);
     for (std::size_t i = 0; i < record.entries.size(); ++i) {
         Menu& one = *record.entries[i];
         if (one.separator) {
@@ -104,7 +73,7 @@ void addEntries(Target& target, Menu& record, const Chosen& chosen)
             action = target.addMenu(inner);
         }
         action->setObjectName(toQt(one.name));
-        followEntry(*action, one, texts[i]);
+        followEntry(*action, one, toQt(texts[i]));
     }
 }
 

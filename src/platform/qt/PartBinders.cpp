@@ -145,7 +145,7 @@ void TabBinder::followAll()
     for (std::size_t i = 0; i < c().pages().size() && static_cast<int>(i) < tabs_->count(); ++i) {
         const TabControl::Page& page = c().pages()[i];
         const int tab = static_cast<int>(i);
-        tabs_->setTabText(tab, toQt(page.caption));
+        tabs_->setTabText(tab, toQt(Letters::marked(page.caption, window().letters().ofPage(c(), tab))));
         tabs_->setTabVisible(tab, page.visible);
         // The core answers for what can be used; a page that is off must not be chosen for another by the toolkit.
         if (tabs_->isTabEnabled(tab) != page.enabled) {

@@ -69,6 +69,8 @@ public:
     TabBinder(FormWindow& window, TabControl& tabs, QWidget* parent);
     [[nodiscard]] QWidget* focusWidget() const override { return tabs_->bar(); }
 
+    void lettersChanged() override { followAll(); }
+
 protected:
     void follow(Aspect aspect, std::size_t row) override;
     void followAll() override;

@@ -6,6 +6,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMenu>
+#include <QPainter>
 #include <QPixmap>
 #include <QTimer>
 #include <QTranslator>
@@ -25,7 +26,29 @@ namespace bravona {
 
 namespace {
 constexpr qint64 longWait = 500;  // ms
-}
+
+// A red outline over a field whose filter dropped a key.
+class RefusalMark final : public QWidget {
+public:
+    static constexpr QLatin1StringView mark{"tastoRifiutato"};
+    explicit RefusalMark(QWidget* field) : QWidget(field)
+    {
+        setObjectName(mark);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(field->rect());
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        const int width = theme::pixels(2);
+        QPainter painter(this);
+        painter.setPen(QPen(theme::readable(rgb(200, 0, 0), palette().color(QPalette::Window)), width));
+        painter.drawRect(rect().adjusted(width / 2, width / 2, -width + width / 2, -width + width / 2));
+    }
+};
+}  // namespace
 
 QtDesktop::QtDesktop(QSettings* store) : places_(store), filter_(std::make_unique<InputFilter>(*this))
 {
@@ -260,6 +283,21 @@ void QtDesktop::doFocus(Control& control)
     ++movingFocus_;
     window->takeFocus(control);
     --movingFocus_;
+}
+
+// An outline over the field for a moment.
+void QtDesktop::keyRefused(Control& field)
+{
+    constexpr int moment = 350;  // ms
+    QApplication::beep();
+    FormWindow* window = field.form() != nullptr ? windowOf(*field.form()) : nullptr;
+    Binder* binder = window != nullptr ? window->binder(field) : nullptr;
+    QWidget* widget = binder != nullptr ? binder->widget() : nullptr;
+    if (widget == nullptr || widget->findChild<QWidget*>(RefusalMark::mark, Qt::FindDirectChildrenOnly) != nullptr) {
+        return;
+    }
+    auto* mark = new RefusalMark(widget);
+    QTimer::singleShot(moment, mark, &QObject::deleteLater);
 }
 
 void QtDesktop::focusLater()

@@ -98,6 +98,7 @@ protected:
     void doModalLoop(Form& form, const std::function<bool()>& done) override;
     void doFocus(Control& control) override;
     void doEnd() override;
+    void keyRefused(Control& field) override;
 
 private:
     void waitFor(const std::function<bool()>& done);

@@ -107,6 +107,7 @@ LineBinder::LineBinder(FormWindow& window, TextBox& box, QWidget* parent)
     setWidget(edit_);
     edit_->setFont(theme::font(edit_->font(), box.style, box.fixedPitch));
     edit_->setAlignment(toQt(box.align));
+    edit_->setPlaceholderText(toQt(box.placeholder));
     edit_->setMaxLength(box.maxLength > 0 ? static_cast<int>(box.maxLength) : 32767);
     const int width = theme::textWidth(edit_->font(), box.width) + theme::pixels(14);
     if (box.grows) {

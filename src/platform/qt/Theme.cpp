@@ -35,6 +35,22 @@ public:
         }
         return size;
     }
+    // The focus shows at a glance, and not as the default button does.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (element != CE_PushButton || !option->state.testFlag(State_HasFocus)) {
+            return;
+        }
+        const int width = pixels(2);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(focusRing(option->palette), width));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(width, width, -width, -width), 3, 3);
+        painter->restore();
+    }
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {
@@ -53,6 +69,26 @@ public:
     }
 };
 
+// What cannot be used now is read all the same: text that is off keeps a contrast of 4.5 : 1, whatever the palette.
+class Legibility final : public QObject {
+public:
+    using QObject::QObject;
+    static void follow()
+    {
+        const QPalette palette = QApplication::palette();
+        if (const QPalette wanted = legible(palette); wanted != palette) {
+            QApplication::setPalette(wanted);
+        }
+    }
+    bool eventFilter(QObject* target, QEvent* event) override
+    {
+        if (target == qApp && event->type() == QEvent::ApplicationPaletteChange) {
+            follow();
+        }
+        return false;
+    }
+};
+
 }  // namespace
 
 void install()
@@ -65,6 +101,8 @@ void install()
             font.setFamily(QStringLiteral("Liberation Sans"));
             QApplication::setFont(font);
         }
+        qApp->installEventFilter(new Legibility(qApp));
+        Legibility::follow();
         qApp->setProperty(mark, true);
     }
 }
@@ -177,18 +215,54 @@ double contrast(const QColor& a, const QColor& b)
 
 QColor readable(Colour colour, const QColor& ground)
 {
-    constexpr double wanted = 4.5;
     const QColor exact = toQt(colour);
     if (ground.lightness() >= 128) {
         return exact;
     }
     for (double share = 0; share < 1; share += 0.05) {
         const QColor lighter = mixed(exact, Qt::white, share);
-        if (contrast(lighter, ground) >= wanted) {
+        if (contrast(lighter, ground) >= leastContrast) {
             return lighter;
         }
     }
     return Qt::white;
+}
+
+QColor readable(const QColor& wanted, const QColor& strongest, std::initializer_list<QColor> grounds)
+{
+    QColor result = wanted;
+    for (double share = 0; share <= 1; share += 0.05) {
+        result = mixed(wanted, strongest, share);
+        if (std::all_of(grounds.begin(), grounds.end(),
+                        [&result](const QColor& ground) { return contrast(result, ground) >= leastContrast; })) {
+            break;
+        }
+    }
+    return result;
+}
+
+QPalette legible(const QPalette& palette)
+{
+    QPalette result = palette;
+    const auto colour = [&palette](QPalette::ColorRole role) { return palette.color(QPalette::Disabled, role); };
+    const QColor window = colour(QPalette::Window);
+    const auto mend = [&](QPalette::ColorRole text, const QColor& ground) {
+        const QColor strongest = window.lightness() >= 128 ? Qt::black : Qt::white;
+        const QColor mended = readable(colour(text), strongest, {ground, window});
+        if (mended != colour(text)) {
+            result.setColor(QPalette::Disabled, text, mended);
+        }
+    };
+    mend(QPalette::WindowText, window);
+    mend(QPalette::Text, colour(QPalette::Base));
+    mend(QPalette::ButtonText, colour(QPalette::Button));
+    return result;
+}
+
+QColor focusRing(const QPalette& palette)
+{
+    const QColor ground = palette.color(QPalette::Button);
+    return readable(palette.color(QPalette::Highlight), ground.lightness() >= 128 ? Qt::black : Qt::white, {ground});
 }
 
 QColor faint(const QPalette& palette)
@@ -219,7 +293,8 @@ QPalette fieldPalette(const QPalette& base, const Control& control, bool readOnl
     if (own) {
         set(QPalette::Base, toQt(*back));
         set(QPalette::Text, toQt(*back).lightness() >= 128 ? Qt::black : Qt::white);
-        set(QPalette::PlaceholderText, Qt::darkGray);
+        const bool light = toQt(*back).lightness() >= 128;
+        set(QPalette::PlaceholderText, readable(Qt::gray, light ? Qt::black : Qt::white, {toQt(*back)}));
     }
     if (control.foreColour()) {
         set(QPalette::Text, readable(*control.foreColour(), base.color(QPalette::Active, QPalette::Base)));

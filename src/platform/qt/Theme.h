@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QWidget>
+#include <initializer_list>
 
 #include "platform/windowing/Events.h"
 #include "platform/windowing/Fields.h"
@@ -26,11 +27,17 @@ int textWidth(const QFont& font, int characters);
 QFont font(const QFont& base, TextStyle style, bool fixedPitch);
 
 bool dark(const QPalette& palette);
+constexpr double leastContrast = 4.5;  // of text on its ground
 double contrast(const QColor& a, const QColor& b);
 // The colour as it stands on a light ground, lightened to a contrast of 4.5 : 1 on a dark one.
 QColor readable(Colour colour, const QColor& ground);
-QColor faint(const QPalette& palette);   // text of hints and empty lists
-QColor tinted(const QPalette& palette);  // ground of what is selected where the focus is not
+// Mixed with the strongest colour as far as it takes to stand readable on all these grounds.
+QColor readable(const QColor& wanted, const QColor& strongest, std::initializer_list<QColor> grounds);
+// With text that is off readable on its grounds.
+QPalette legible(const QPalette& palette);
+QColor focusRing(const QPalette& palette);  // of a button that has the focus
+QColor faint(const QPalette& palette);      // text of hints and empty lists
+QColor tinted(const QPalette& palette);     // ground of what is selected where the focus is not
 
 // Palette of an entry field: its own colours (the focus yellow with black text, whatever the palette) or the system's;
 // a read-only one lies on the window's background.

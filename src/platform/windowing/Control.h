@@ -65,6 +65,7 @@ public:
     [[nodiscard]] std::string fullName() const;                      // "txtComune[0]", "Griglia.Command1"
     [[nodiscard]] Form* form() const { return form_; }
     [[nodiscard]] Control* container() const { return container_; }
+    [[nodiscard]] int page() const { return page_; }  // of the container, when that is a tab control; else -1
 
     // Its own state; what counts on the screen takes the containers (and the chosen tab page) into account.
     [[nodiscard]] bool enabled() const { return enabled_; }
@@ -108,6 +109,7 @@ public:
     // A mark for the renderer: the label in front of it carries this mnemonic and name.
     void setLabelCaption(std::string caption) { labelCaption_ = std::move(caption); }
     [[nodiscard]] const std::string& labelCaption() const { return labelCaption_; }
+    [[nodiscard]] Control* labelControl() const { return label_; }  // the label in front, where it is a control
 
     void notify(Aspect aspect, std::size_t row = noRow);
 
@@ -121,6 +123,7 @@ private:
     int index_ = -1;
     Form* form_ = nullptr;
     Control* container_ = nullptr;
+    Control* label_ = nullptr;
     int page_ = -1;  // of the container, when that is a tab control
     bool enabled_ = true;
     bool visible_ = true;

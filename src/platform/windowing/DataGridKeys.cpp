@@ -69,12 +69,12 @@ bool DataGrid::userKey(const KeyEvent& event, bool atStart, bool atEnd)
     default:
         break;
     }
+    if (editing_) {
+        return false;
+    }
     if (event.key == Key::del && event.ctrl) {
         userDeleteRow(row_);
         return true;
-    }
-    if (editing_) {
-        return false;
     }
     switch (event.key) {
     case Key::home:

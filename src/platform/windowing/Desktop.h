@@ -125,6 +125,7 @@ protected:
     virtual void doFocus(
         Control& control) = 0;  // moves the toolkit's focus; the core's is already there, no events come of it
     virtual void doEnd() {}
+    virtual void keyRefused(Control& field) = 0;  // by a filter: beeps and marks the field for a moment
     friend class Interaction;
 
 private:

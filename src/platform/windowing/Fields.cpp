@@ -1,6 +1,7 @@
 #include "platform/windowing/Fields.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/text/Text.h"
 #include "platform/values/Numeri.h"
@@ -31,12 +32,30 @@ void TextBox::setText(std::string text)
     }
     // A field that is being typed into keeps its caret, and at the end of its text it stays there.
     const bool atEnd = selStart_ + selLength_ >= length(text_);
+    pointTyped_ = false;
     text_ = std::move(text);
     selStart_ = !hasFocus() ? 0 : atEnd ? length(text_) : std::min(selStart_, length(text_));
     selLength_ = 0;
     notify(Aspect::text);
     if (onChange) {
         onChange();
+    }
+}
+
+// Called by the core when the field is left.
+void TextBox::pointToComma()
+{
+    if (!numeric || locked_ || !std::exchange(pointTyped_, false)) {
+        return;
+    }
+    const std::size_t point = text_.find('.');
+    const std::size_t behind = point == std::string::npos ? 0 : text_.size() - point - 1;
+    const bool digits = std::all_of(text_.end() - static_cast<std::ptrdiff_t>(behind), text_.end(),
+                                    [](char one) { return one >= '0' && one <= '9'; });
+    if ((behind == 1 || behind == 2) && digits && text_.find(',') == std::string::npos) {
+        std::string text = text_;
+        text[point] = ',';
+        userText(std::move(text), length(text_));
     }
 }
 

@@ -79,11 +79,17 @@ public:
     std::size_t maxLength = 0;  // 0: none
     bool selectOnFocus = true;
     bool grows = false;  // takes spare width
+    // An entry field of numbers: a point typed as its only separator, one or two digits behind it, becomes a comma when
+    // the field is left.
+    bool numeric = false;
+    std::string placeholder;  // seen, faint, while the field is empty
     std::function<void()> onChange;
 
 private:
     friend class Interaction;
+    void pointToComma();
     std::string text_;
+    bool pointTyped_ = false;  // by the hand, since the field was entered or its text set
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;
     bool locked_ = false;

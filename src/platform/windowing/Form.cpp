@@ -142,6 +142,7 @@ void Form::place(const Layout& node, Control* container, int page)
         if (Control* buddy = firstFocusable(node.children.front()); buddy != nullptr) {
             const std::string caption = node.label != nullptr ? node.label->shownText() : node.caption;
             buddy->labelCaption_ = caption;
+            buddy->label_ = node.label;
             if (buddy->accessibleName_.empty()) {
                 buddy->accessibleName_ = withoutMnemonic(caption);
             }

@@ -149,8 +149,8 @@ public:
     bool userDeleteRow(std::size_t row);
     // A key on the grid, or in its editor with the caret at either end of the text and nothing selected: arrows, Home
     // and End move, Enter ends an edit, presses the cell's button or opens the editor, as F2 does; Space presses the
-    // button, with Shift it selects the row; Delete and Backspace empty the cell, Delete on a selected row, or with
-    // Ctrl, deletes it. False for keys that belong to the editor or to nobody.
+    // button, with Shift it selects the row; Delete and Backspace empty the cell, Delete on a selected row, or, while
+    // no cell is typed into, with Ctrl, deletes it. False for keys that belong to the editor or to nobody.
     bool userKey(const KeyEvent& event, bool atStart, bool atEnd);
     // Tab goes from cell to cell, and from the last one of a row with unsent changes on to the next row. False: it
     // leaves the grid.

@@ -148,15 +148,18 @@ bool Interaction::leave(Form& form)
         return false;
     }
     form.fieldLeft_ = true;
-    if (control->kind() == ControlKind::textBox || control->kind() == ControlKind::datePicker) {
+    const bool text = control->kind() == ControlKind::textBox;
+    if (text || control->kind() == ControlKind::datePicker) {
         EvidenziaCampo(*control, false);
-    }
-    if (!control->onLostFocus) {
-        return true;
     }
     const unsigned before = moves_;
     try {
-        control->onLostFocus();
+        if (text) {
+            static_cast<TextBox*>(control)->pointToComma();
+        }
+        if (control->onLostFocus) {
+            control->onLostFocus();
+        }
     } catch (...) {
         if (form.focused_ == control) {
             enter(form);
@@ -177,6 +180,9 @@ void Interaction::enter(Form& form)
         return;
     }
     form.fieldLeft_ = false;
+    if (control->kind() == ControlKind::textBox) {
+        static_cast<TextBox*>(control)->pointTyped_ = false;
+    }
     if (control->kind() == ControlKind::textBox || control->kind() == ControlKind::datePicker) {
         EvidenziaCampo(*control, true);
     }
@@ -357,10 +363,31 @@ void Interaction::tab(TabControl& tabs, int page)
         return;
     }
     desktop_.guard([&] {
-        if (focus(tabs)) {
-            tabs.setTab(page);
+        if (!focus(tabs)) {
+            return;
+        }
+        tabs.setTab(page);
+        // Where the screen says nothing else, the page is opened to be typed in.
+        if (form->shown_ && form->focused_ == &tabs && tabs.tab() == page) {
+            if (Control* inside = firstOnPage(*form, tabs); inside != nullptr) {
+                focus(*inside);
+            }
         }
     });
+}
+
+Control* Interaction::firstOnPage(Form& form, TabControl& tabs) const
+{
+    for (Control* candidate : form.tabOrder()) {
+        const Control* around = candidate->container();
+        while (around != nullptr && around != &tabs) {
+            around = around->container();
+        }
+        if (around != nullptr && takesTab(*candidate)) {
+            return candidate;
+        }
+    }
+    return nullptr;
 }
 
 void Interaction::front(Form& form)

@@ -71,6 +71,7 @@ private:
     friend class Desktop;
     bool windowKey(Form& form, Control* focused, const KeyEvent& event);
     bool widgetKey(Control& control, const KeyEvent& event);
+    void tellRefused(const Form& form, Control* field, const KeyEvent& event, const std::string& before);
     bool tabKey(Form& form, const KeyEvent& event);
     bool shortcut(Form& form, const KeyEvent& event);
     void act(Control& control);
@@ -78,6 +79,7 @@ private:
     bool moveFocus(Control& control);
     void enter(Form& form);  // raises the events of entering, where they are due
     void activated(Form& form);
+    Control* firstOnPage(Form& form, TabControl& tabs) const;
     static bool usable(const Control& control);
     static bool canHoldFocus(const Control& control);
     static bool takesTab(Control& control);

@@ -6,6 +6,7 @@
 #include "platform/windowing/Form.h"
 #include "platform/windowing/Grids.h"
 #include "platform/windowing/Interaction.h"
+#include "platform/windowing/Letters.h"
 #include "platform/windowing/Lists.h"
 #include "platform/windowing/Parts.h"
 
@@ -55,12 +56,19 @@ Interaction::KeyResult Interaction::key(Form& form, KeyEvent event)
             result.handled = focused != nullptr && widgetKey(*focused, event);
             return;
         }
+        const std::string before = focused != nullptr ? focused->shownText() : std::string();
         form.onKeyPress(character);
+        if (character == 0) {
+            tellRefused(form, focused, event, before);
+        }
         if (character == 0 || !form.shown_ || form.focused_ != focused) {
             return;
         }
         if (focused != nullptr && focused->onKeyPress) {
             focused->onKeyPress(character);
+            if (character == 0) {
+                tellRefused(form, focused, event, before);
+            }
             if (character == 0 || !form.shown_ || form.focused_ != focused) {
                 return;
             }
@@ -70,8 +78,23 @@ Interaction::KeyResult Interaction::key(Form& form, KeyEvent event)
         }
         result.handled = false;
         result.character = character;
+        if (character == U'.' && focused != nullptr && focused->kind() == ControlKind::textBox) {
+            static_cast<TextBox*>(focused)->pointTyped_ = true;
+        }
     });
     return result;
+}
+
+// A character that a filter dropped and that did nothing else either.
+void Interaction::tellRefused(const Form& form, Control* field, const KeyEvent& event, const std::string& before)
+{
+    const bool typed = field != nullptr && event.key == Key::character && form.shown_ && form.focused_ == field &&
+                       desktop_.front() == &form && field->shownText() == before;
+    const bool open = typed && ((field->kind() == ControlKind::textBox && !static_cast<TextBox*>(field)->locked()) ||
+                                field->kind() == ControlKind::comboBox);
+    if (open) {
+        desktop_.keyRefused(*field);
+    }
 }
 
 // Tab, Enter and Escape for their buttons, Alt and a letter, menu shortcuts, the pop-up menu.
@@ -346,24 +369,8 @@ std::u32string Interaction::filterPaste(Control& control, const std::u32string& 
     return passed;
 }
 
-namespace {
-
-const std::string& captionOf(const Control& control)
-{
-    switch (control.kind()) {
-    case ControlKind::checkBox:
-        return static_cast<const CheckBox&>(control).caption();
-    case ControlKind::optionButton:
-        return static_cast<const OptionButton&>(control).caption();
-    default:
-        return static_cast<const Button&>(control).caption();
-    }
-}
-
-}  // namespace
-
-// Several controls may carry one letter: it then only moves the focus from one to the next, so that no command runs
-// that was not meant.
+// Should two controls that can be used carry one letter all the same (none of their captions' was free), it only moves
+// the focus from one to the next, so that no command runs that was not meant.
 bool Interaction::mnemonic(Form& form, char32_t letter)
 {
     if (desktop_.blocked(form)) {
@@ -374,6 +381,7 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
     const auto place = std::find(order.begin(), order.end(), form.focused_);
     const std::size_t start = place == order.end() ? 0 : static_cast<std::size_t>(place - order.begin()) + 1;
 
+    const Letters letters(form);
     struct Target {
         Control* control = nullptr;
         int page = -1;         // of a tab control
@@ -385,14 +393,16 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
         case ControlKind::button:
         case ControlKind::checkBox:
         case ControlKind::optionButton:
-            if (bravona::mnemonic(captionOf(control)) == wanted) {
+            if (letters.of(control) == wanted) {
                 return {&control, -1, true};
             }
             break;
         case ControlKind::tabControl: {
-            const auto& pages = static_cast<TabControl&>(control).pages();
+            const auto& tabs = static_cast<TabControl&>(control);
+            const auto& pages = tabs.pages();
             for (std::size_t page = 0; page < pages.size(); ++page) {
-                if (bravona::mnemonic(pages[page].caption) == wanted && pages[page].enabled && pages[page].visible) {
+                if (letters.ofPage(tabs, static_cast<int>(page)) == wanted && pages[page].enabled &&
+                    pages[page].visible) {
                     return {&control, static_cast<int>(page), true};
                 }
             }
@@ -400,7 +410,7 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
         }
         case ControlKind::label:
             // A label with a mark and no line of its own speaks for what follows it.
-            if (bravona::mnemonic(control.shownText()) == wanted) {
+            if (letters.of(control) == wanted) {
                 for (std::size_t after = at + 1; after < order.size(); ++after) {
                     if (order[after]->focusable()) {
                         return {order[after], -1, false};
@@ -411,7 +421,7 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
         default:
             break;
         }
-        if (control.focusable() && bravona::mnemonic(control.labelCaption()) == wanted) {
+        if (letters.ofLine(control) == wanted) {
             return {&control, -1, false};
         }
         return {};
@@ -434,14 +444,7 @@ bool Interaction::mnemonic(Form& form, char32_t letter)
     if (!first.command || targets.size() > 1) {
         desktop_.guard([&] { focus(*first.control); });
     } else if (first.page >= 0) {
-        auto& tabs = static_cast<TabControl&>(*first.control);
-        tab(tabs, first.page);
-        // Where the screen says nothing else, the page is opened to be typed in.
-        if (form.focused_ == &tabs && tabs.tab() == first.page) {
-            if (Control* inside = next(form, &tabs, false); inside != nullptr) {
-                focus(*inside);
-            }
-        }
+        tab(static_cast<TabControl&>(*first.control), first.page);
     } else {
         click(*first.control);
     }

@@ -11,6 +11,15 @@ void Schermate::add(const std::string& name, Factory factory)
     factories_[name] = std::move(factory);
 }
 
+std::vector<std::string> Schermate::names() const
+{
+    std::vector<std::string> result;
+    for (const auto& [name, factory] : factories_) {
+        result.push_back(name);
+    }
+    return result;
+}
+
 bool Schermate::knows(const std::string& name) const
 {
     return factories_.contains(name);

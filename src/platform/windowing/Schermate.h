@@ -17,6 +17,7 @@ public:
     void add(const std::string& name, Factory factory);
     // Known at all: screens that are not yet there have their commands disabled.
     [[nodiscard]] bool knows(const std::string& name) const;
+    [[nodiscard]] std::vector<std::string> names() const;  // of all that are known, in order
     // The screen, made when there is none. Errore 5 for an unknown name.
     Form& get(const std::string& name);
     // The screen as the interface that it implements.

@@ -296,5 +296,47 @@ TEST_F(DataGridTest, UnbindingSendsTheRowUnderWay)
     EXPECT_EQ(cn.open("SELECT ContoCorrente FROM BancheDitta ORDER BY IDBanca").valueAt(0, 0).text(), "77");
 }
 
+TEST_F(DataGridTest, CtrlAndDeleteInACellBeingTypedIntoLeaveTheRow)
+{
+    user.goToCell(grid(), 0, 1);
+    user.type("Gam");
+    user.key({.key = Key::del, .ctrl = true});
+    EXPECT_TRUE(grid().editing());
+    EXPECT_EQ(stored(), "Alfa 10|Beta 20");
+}
+
+TEST_F(DataGridTest, ADroppedKeyIsToldAndOneThatPassesIsNot)
+{
+    TextBox& campo = form().txtCampo;
+    campo.onKeyPress = [](char32_t& tasto) { tasto = tasto >= U'0' && tasto <= U'9' ? tasto : 0; };
+    user.type(campo, "1x2");
+    EXPECT_EQ(campo.text(), "12");
+    EXPECT_EQ(user.refused, std::vector<std::string>{"txtCampo"});
+}
+
+TEST_F(DataGridTest, ATypedPointBecomesACommaWhereNoOtherReadingIsLikely)
+{
+    TextBox& campo = form().txtCampo;
+    const auto lasciato = [&](const std::string& battuto) {
+        user.focus(campo);
+        campo.setText({});
+        user.type(campo, battuto);
+        user.focus(grid());
+        return campo.text();
+    };
+    EXPECT_EQ(lasciato("12.5"), "12.5");
+    campo.numeric = true;
+    EXPECT_EQ(lasciato("12.5"), "12,5");
+    EXPECT_EQ(lasciato("-12.50"), "-12,50");
+    for (const char* intatto : {"1.500", "1.2.5", "1.234,5", "12.", "12"}) {
+        EXPECT_EQ(lasciato(intatto), intatto);
+    }
+    user.focus(campo);
+    campo.selectAll();
+    user.paste("12.5");
+    user.focus(grid());
+    EXPECT_EQ(campo.text(), "12.5");
+}
+
 }  // namespace
 }  // namespace bravona
