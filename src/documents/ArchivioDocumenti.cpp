@@ -276,25 +276,29 @@ std::int32_t separaDalleFatture(Connection& cn, std::int32_t idProforma)
     return nuova;
 }
 
-void collega(Connection& cn, const TestataDocumento& fattura, const TestataDocumento& ddt)
+void collega(Connection& cn, const TestataDocumento& fattura, std::span<const Documento> ddt)
 {
     Recordset riferimenti = cn.openTable("Fatture_RiferimentoBolle");
-    riferimenti.addNew();
-    riferimenti["IDFattura"] = fattura.IDDocumento;
-    riferimenti["DataBolla"] = ddt.DataDocumento;
-    riferimenti["IDBolla"] = ddt.IDDocumento;
-    riferimenti["NumeroBolla"] = ddt.NumeroDocumento.value_or(0);
-    riferimenti.update();
-
-    Recordset bolla = cn.open("SELECT NumeroRegistro, EmessaFattura, NumeroFattura, DataFattura, IDBolla FROM Bolle "
-                              "WHERE IDBolla=" +
-                                  std::to_string(ddt.IDDocumento) +
-                                  " AND NumeroRegistro=" + std::to_string(ddt.NumeroRegistro.value_or(0)),
-                              OpenMode::updatable);
-    bolla["EmessaFattura"] = "S";
-    bolla["DataFattura"] = fattura.DataDocumento.text();
-    bolla["NumeroFattura"] = fattura.NumeroDocumento.value_or(0);
-    bolla.update();
+    for (const Documento& documento : ddt) {
+        riferimenti.addNew();
+        riferimenti["IDFattura"] = fattura.IDDocumento;
+        riferimenti["DataBolla"] = documento.testata.DataDocumento;
+        riferimenti["IDBolla"] = documento.testata.IDDocumento;
+        riferimenti["NumeroBolla"] = documento.testata.NumeroDocumento.value_or(0);
+        riferimenti.update();
+    }
+    for (const Documento& documento : ddt) {
+        Recordset bolla =
+            cn.open("SELECT NumeroRegistro, EmessaFattura, NumeroFattura, DataFattura, IDBolla FROM Bolle "
+                    "WHERE IDBolla=" +
+                        std::to_string(documento.testata.IDDocumento) +
+                        " AND NumeroRegistro=" + std::to_string(documento.testata.NumeroRegistro.value_or(0)),
+                    OpenMode::updatable);
+        bolla["EmessaFattura"] = "S";
+        bolla["DataFattura"] = fattura.DataDocumento.text();
+        bolla["NumeroFattura"] = fattura.NumeroDocumento.value_or(0);
+        bolla.update();
+    }
 }
 
 }  // namespace bravona

@@ -45,7 +45,7 @@ void riscriviRighe(Connection& cn, const TabelleDocumento& tabelle, std::int32_t
 // for a quotation whose key an invoice has.
 [[nodiscard]] std::int32_t separaDalleFatture(Connection& cn, std::int32_t idProforma);
 
-// Links an invoice with a transport document it was made from, and marks that as invoiced.
-void collega(Connection& cn, const TestataDocumento& fattura, const TestataDocumento& ddt);
+// Links an invoice with the transport documents it was made from, and marks those as invoiced.
+void collega(Connection& cn, const TestataDocumento& fattura, std::span<const Documento> ddt);
 
 }  // namespace bravona

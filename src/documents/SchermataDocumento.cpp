@@ -147,17 +147,7 @@ bool SchermataDocumento::nienteInSospeso()
 bool SchermataDocumento::inUnaTransazione(const std::function<void()>& scritture, const char* routine,
                                           const char* modulo)
 {
-    bool aperta = false;
-    try {
-        Transaction transazione(sessione_.cn);
-        aperta = true;
-        scritture();
-        transazione.commit();
-        return true;
-    } catch (const Errore& errore) {
-        MostraOperazioneAnnullata(desktop(), errore, aperta, routine, modulo);
-        return false;
-    }
+    return InUnaTransazione(sessione_, scritture, routine, modulo);
 }
 
 void SchermataDocumento::RiceviDestinazione(std::int32_t idDestinazione, const std::string& destinazione)

@@ -1,7 +1,10 @@
 #include "program/Programma.h"
 
+#include "documents/frmAnnullamento.h"
 #include "documents/frmDettagliIVA.h"
+#include "documents/frmDocumentoDaProforma.h"
 #include "documents/frmEmissioneDocumento.h"
+#include "documents/frmFatturaDaDDT.h"
 #include "documents/frmModificaDDT.h"
 #include "documents/frmModificaFattura.h"
 #include "documents/frmResoconto.h"
@@ -105,6 +108,9 @@ void Programma::registraSchermate()
     registra<frmModificaFattura>(sessione_, "frmModificaFattura");
     registra<frmModificaDDT>(sessione_, "frmModificaDDT");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
+    registra<frmFatturaDaDDT>(sessione_, "frmFatturaDaDDT");
+    registra<frmDocumentoDaProforma>(sessione_, "frmDocumentoDaProforma");
+    registra<frmAnnullamento>(sessione_, "frmAnnullamento");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");
 

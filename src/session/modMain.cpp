@@ -315,6 +315,22 @@ void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTr
                      secondaRiga);
 }
 
+bool InUnaTransazione(Sessione& sessione, const std::function<void()>& scritture, const std::string& primaRiga,
+                      const std::string& secondaRiga)
+{
+    bool aperta = false;
+    try {
+        Transaction transazione(sessione.cn);
+        aperta = true;
+        scritture();
+        transazione.commit();
+        return true;
+    } catch (const Errore& errore) {
+        MostraOperazioneAnnullata(sessione.desktop(), errore, aperta, primaRiga, secondaRiga);
+        return false;
+    }
+}
+
 void MostraValoreNonValido(Control& campo)
 {
     Form& finestra = *campo.form();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -65,6 +66,10 @@ void MostraErroreStandard(Desktop& desktop, const Errore& errore, const std::str
 // lines.
 void MostraOperazioneAnnullata(Desktop& desktop, const Errore& errore, bool inTransazione, const std::string& primaRiga,
                                const std::string& secondaRiga);
+
+// The writes of one command, all or nothing. False when they failed: taken back, and told by that box with those lines.
+bool InUnaTransazione(Sessione& sessione, const std::function<void()>& scritture, const std::string& primaRiga,
+                      const std::string& secondaRiga);
 
 // "Valore non valido!" under the screen's title, for a number that does not fit its type; the field gets the focus
 // back.

@@ -168,8 +168,7 @@ private:
             return;
         }
         scrivi(tipo::fattura, fattura, cliente);
-        for (const Documento& bolla : scelte)
-            collega(cn_, fattura.testata, bolla.testata);
+        collega(cn_, fattura.testata, scelte);
     }
 
     static int codiciDi(const std::vector<RigaDocumento>& righe)
