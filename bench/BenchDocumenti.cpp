@@ -225,15 +225,15 @@ public:
 
 std::vector<RigaDocumento> milleRighe()
 {
-    std::vector<RigaDocumento> righe(1'000);
+    std::vector<RigaDocumento> mille(1'000);
     int i = 0;
-    for (RigaDocumento& riga : righe) {
+    for (RigaDocumento& riga : mille) {
         riga.IDArticolo = 12;
         riga.TotaleRiga = Currency::fromTenThousandths(10'000 + i * 12'300);
         riga.CodiceIva = i % 3 == 0 ? "B" : "A";
         ++i;
     }
-    return righe;
+    return mille;
 }
 
 // The totals of 1,000 rows: under a millisecond.

@@ -16,7 +16,7 @@ frmModificaDDT::frmModificaDDT(Sessione& sessione)
                          .titolo = "Gestione D.D.T.",
                          .schede = "SSTabDocumento",
                          .chiamante = "ModificaBolle",
-                         .pagine = {"&Intestazione", "C&orpo documento", "&Dati Spedizione"},
+                         .pagine = {"&Intestazione", "&Corpo documento", "&Dati Spedizione"},
                          .comandi = {"&Modifica", "&Chiudi", "&Stampa"}},
                         {.titolo = "Gestione D.D.T.",
                          .commentoIncompleto = "Attenzione! Mancano alcuni dati",

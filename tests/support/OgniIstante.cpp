@@ -1,71 +1,77 @@
 #include "support/OgniIstante.h"
 
+#include <gtest/gtest.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <stdexcept>
+#include <filesystem>
 
 #include "schema/Schema.h"
 #include "support/ScritturaUccisa.h"
 
 namespace bravona {
 
-namespace fs = std::filesystem;
-
 namespace {
+
+namespace fs = std::filesystem;
 
 fs::path giornale(const fs::path& file)
 {
     return file.string() + "-journal";
 }
 
-void copia(const fs::path& da, const fs::path& a)
+void copiaConGiornale(const fs::path& da, const fs::path& a)
 {
     fs::copy_file(da, a, fs::copy_options::overwrite_existing);
     fs::remove(giornale(a));
-    if (fs::exists(giornale(da)))
+    if (fs::exists(giornale(da))) {
         fs::copy_file(giornale(da), giornale(a));
+    }
 }
 
-// Whether it was killed.
+// False when the action came to its end.
 bool ucciso(int istante, ScritturaUccisa::Modo modo, const std::function<void()>& azione)
 {
     const pid_t figlio = ::fork();
     if (figlio == 0) {
         ScritturaUccisa::arma(istante, modo);
-        try {
-            azione();
-            ::_exit(0);
-        } catch (...) {
-            ::_exit(1);
-        }
+        azione();
+        ::_exit(0);
     }
     int esito = 0;
-    if (::waitpid(figlio, &esito, 0) != figlio || (!WIFSIGNALED(esito) && WEXITSTATUS(esito) != 0))
-        throw std::runtime_error("the action failed");
-    return WIFSIGNALED(esito);
+    EXPECT_EQ(::waitpid(figlio, &esito, 0), figlio);
+    if (!WIFSIGNALED(esito)) {
+        EXPECT_EQ(WEXITSTATUS(esito), 0);
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
 
-void adOgniIstante(const fs::path& archivio, const std::function<void()>& azione,
-                   const std::function<void(Connection& rimasto, int istante)>& guarda)
+int uccidiAOgniIstante(ProgrammaDiProva& programma, const std::function<void()>& azione,
+                       const std::function<void(Connection&)>& guarda)
 {
-    const fs::path prima = archivio.string() + ".prima";
-    const fs::path dopo = archivio.string() + ".dopo";
-    copia(archivio, prima);
+    const fs::path archivio = programma.archivio();
+    const fs::path prima = programma.cartella() / "prima.mdb";
+    const fs::path dopo = programma.cartella() / "dopo.mdb";
+    fs::copy_file(archivio, prima);
+    int uccisioni = 0;
     for (const auto modo : {ScritturaUccisa::Modo::prima, ScritturaUccisa::Modo::mezza}) {
-        for (int istante = 1;; ++istante) {
-            const bool morto = ucciso(istante, modo, azione);
-            copia(archivio, dopo);
-            copia(prima, archivio);
+        bool ancora = true;
+        for (int istante = 1; ancora; ++istante) {
+            ancora = ucciso(istante, modo, azione);
+            uccisioni += ancora ? 1 : 0;
+            copiaConGiornale(archivio, dopo);
+            fs::copy_file(prima, archivio, fs::copy_options::overwrite_existing);
+            fs::remove(giornale(archivio));
             Connection cn;
             cn.open(dopo.string(), passwordArchivio);
-            guarda(cn, istante);
-            if (!morto)
-                break;
+            guarda(cn);
         }
     }
+    return uccisioni;
 }
 
 }  // namespace bravona
