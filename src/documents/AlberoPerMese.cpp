@@ -27,6 +27,20 @@ std::string testoMese(int mese)
 
 }  // namespace
 
+std::size_t meseDi(const Field& data)
+{
+    return data.isNull() ? 0 : static_cast<std::size_t>(data.asDate().month());
+}
+
+std::string documentiDelNodo(const NodoPerMese& nodo, const std::string& tabella, const std::string& anno,
+                             const std::string& registro)
+{
+    return "SELECT * FROM " + tabella + " WHERE IDCliente=" + std::to_string(nodo.idSoggetto) +
+           (nodo.genere == NodoPerMese::Genere::mese ? " AND month(DataDocumento) = " + format(nodo.mese, "00")
+                                                     : std::string()) +
+           " AND AnnoDocumento=" + anno + " AND NumeroRegistro=" + registro + " ORDER BY NumeroDocumento";
+}
+
 AlberoPerMese::AlberoPerMese(Connection& cn, RegoleAlbero regole) : cn_(cn), regole_(std::move(regole))
 {
     add("tvwClienti", tvwClienti);

@@ -27,6 +27,11 @@ struct NodoPerMese {
 // In which months, 1 to 12, a party has documents; 0 stands for a date that is none.
 using MesiConDocumenti = std::bitset<13>;
 
+[[nodiscard]] std::size_t meseDi(const Field& data);
+// Statement of the documents of a table that a party's node or a month's holds, by number.
+[[nodiscard]] std::string documentiDelNodo(const NodoPerMese& nodo, const std::string& tabella, const std::string& anno,
+                                           const std::string& registro);
+
 // How the trees of the screens differ.
 struct RegoleAlbero {
     std::string radice;      // "Clienti"

@@ -5,7 +5,9 @@
 #include "documents/frmModificaDDT.h"
 #include "documents/frmModificaFattura.h"
 #include "documents/frmResoconto.h"
+#include "documents/frmRistampa.h"
 #include "documents/frmSelezioneDocumento.h"
+#include "documents/frmVisualizzaArchivioDocumenti.h"
 #include "documents/frmZoomDescrizione.h"
 #include "documents/modScarico.h"
 #include "maintenance/FRMRipristino.h"
@@ -104,6 +106,8 @@ void Programma::registraSchermate()
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
     registra<frmModificaFattura>(sessione_, "frmModificaFattura");
     registra<frmModificaDDT>(sessione_, "frmModificaDDT");
+    registra<frmVisualizzaArchivioDocumenti>(sessione_, "frmVisualizzaArchivioDocumenti");
+    registra<frmRistampa>(sessione_, "frmRistampa");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");
