@@ -26,6 +26,7 @@ ElenchiDocumenti::ElenchiDocumenti(Connection& cn, RegoleElenchi regole)
     add("lvwDocumenti", lvwDocumenti);
     for (ListView* elenco : {&lvwDocumentiEx, &lvwDocumenti}) {
         elenco->sortable = true;
+        elenco->lines = 14;
         elenco->setAccessibleName(regole.documenti);
         elenco->onDblClick = [this] {
             if (visualizza)
