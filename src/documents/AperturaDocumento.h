@@ -31,8 +31,9 @@ public:
     return tipoDocumento == tipo::ddt ? "frmModificaDDT" : "frmModificaFattura";
 }
 
-// Loads the document into its screen, closes the one that offered it and shows its own. Nothing happens where the
-// program has no such screen.
+// Loads the document into its screen and shows that. Nothing happens where the program has no such screen.
+void apri(Sessione& sessione, const DocumentoDaAprire& documento);
+// The same, and closes the one that offered it before its own shows.
 void apriAlPostoDi(Sessione& sessione, Form& chiamante, const DocumentoDaAprire& documento);
 
 }  // namespace bravona

@@ -12,8 +12,7 @@ void stampaDocumento(Sessione& sessione, const DocumentoDaStampare& documento, C
     case tipo::ddt:
         return StampaDDT(sessione, documento.numero, registro);
     case tipo::fattura:
-        // The archive's list prints every invoice as an immediate one.
-        if (documento.daDDT && chiamante != ChiamanteStampa::archivio)
+        if (documento.daDDT)
             return StampaFatturaDifferita(sessione, documento.numero, registro, "");
         return StampaFatturaImmediata(sessione, documento.numero, registro);
     case tipo::proforma:

@@ -8,7 +8,9 @@
 #include "documents/frmModificaDDT.h"
 #include "documents/frmModificaFattura.h"
 #include "documents/frmResoconto.h"
+#include "documents/frmRistampa.h"
 #include "documents/frmSelezioneDocumento.h"
+#include "documents/frmVisualizzaArchivioDocumenti.h"
 #include "documents/frmZoomDescrizione.h"
 #include "documents/modScarico.h"
 #include "maintenance/FRMRipristino.h"
@@ -107,6 +109,8 @@ void Programma::registraSchermate()
     registra<frmEmissioneDocumento>(sessione_, "frmEmissioneDocumento");
     registra<frmModificaFattura>(sessione_, "frmModificaFattura");
     registra<frmModificaDDT>(sessione_, "frmModificaDDT");
+    registra<frmVisualizzaArchivioDocumenti>(sessione_, "frmVisualizzaArchivioDocumenti");
+    registra<frmRistampa>(sessione_, "frmRistampa");
     registra<frmDettagliIVA>(sessione_, "frmDettagliIVA");
     registra<frmFatturaDaDDT>(sessione_, "frmFatturaDaDDT");
     registra<frmDocumentoDaProforma>(sessione_, "frmDocumentoDaProforma");

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <string>
 
-#include "documents/AlberoPerMese.h"
+#include "documents/ElenchiDocumenti.h"
 #include "platform/windowing/Form.h"
 #include "session/Sessione.h"
 
@@ -15,13 +13,7 @@ class frmVisualizzaMovimentiMagazzino final : public Form {
 public:
     explicit frmVisualizzaMovimentiMagazzino(Sessione& sessione);
 
-    Frame fraTipoVisualizzazione{"Visualizzazione"};
-    std::array<OptionButton, 2> optTipoVisualizzazione{OptionButton{"Tutti"}, OptionButton{"Per fornitore"}};
-    Frame Frame1{"Movimenti"};
-    ListView lvwDocumentiEx;
-    Frame fraDocumenti{"Per fornitore"};
-    AlberoPerMese albero;
-    ListView lvwDocumenti;
+    ElenchiDocumenti elenchi;
     Button cmdShow{"Visualizza"};
     Button cmdClose{"&Chiudi"};
 
@@ -29,12 +21,11 @@ public:
 
 private:
     [[nodiscard]] Layout disponi();
-    void mostraVista();
     void CaricaDocumenti();
     void caricaNodo(const NodoPerMese& nodo);
-    void riempi(ListView& elenco, const std::string& istruzione, bool conFornitore);
+    void rileggi();
     void visualizza();
-    void apri(const ListView& elenco);
+    void apri();
     Sessione& sessione_;
 };
 

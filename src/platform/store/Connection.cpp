@@ -170,6 +170,11 @@ bool Connection::isOpen() const
     return impl_->engine.get() != nullptr;
 }
 
+std::int64_t Connection::changes() const
+{
+    return isOpen() ? sqlite3_total_changes(impl_->engine.get()) : 0;
+}
+
 const std::string& Connection::path() const
 {
     return impl_->path;

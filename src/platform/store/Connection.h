@@ -65,6 +65,8 @@ public:
     void close();
     [[nodiscard]] bool isOpen() const;
     [[nodiscard]] const std::string& path() const;
+    // Rows written since it was opened: who has read something sees by it whether that may have changed.
+    [[nodiscard]] std::int64_t changes() const;
 
     // Runs a statement that returns no rows; the number of rows touched.
     std::int64_t execute(std::string_view statement);
