@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "ArchivioConsegnato.h"
 #include "Tempi.h"
 #include "platform/clock/Clock.h"
 #include "platform/files/Files.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/settings/Settings.h"
 #include "program/Programma.h"
-#include "schema/Schema.h"
 #include "support/ArchivioTemporaneo.h"
 
 // The start up to the main window, splash aside, against a bare main window of the toolkit and one opening of the
@@ -33,15 +33,7 @@ void avvio(benchmark::State& stato)
         QApplication applicazione(argomenti, valori);
         const CartellaTemporanea cartella;
         const std::filesystem::path programFolder = std::filesystem::path(cartella.file("x")).parent_path();
-        std::filesystem::create_directories(programFolder / "Database");
-        const std::string archivio = (programFolder / "Database" / "DBBVEURO.mdb").string();
-        {
-            Connection cn;
-            cn.create(archivio, passwordArchivio);
-            creaSchema(cn);
-            semiConsegna(cn);
-            cn.execute("INSERT INTO Archivi (AnnoArchivio) VALUES (2004)");
-        }
+        const std::string archivio = archivioConsegnato(programFolder);
         for (int i = 0; i < giri; ++i) {
             nudo = std::min(nudo, secondi([&] {
                                 QMainWindow finestra;

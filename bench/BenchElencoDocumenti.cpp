@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "Applicazione.h"
+#include "ArchivioConsegnato.h"
 #include "Magazzino.h"
 #include "Tempi.h"
 #include "documents/RigheArchivio.h"
@@ -15,7 +16,6 @@
 #include "platform/qt/QtDesktop.h"
 #include "platform/settings/Settings.h"
 #include "program/Programma.h"
-#include "schema/Schema.h"
 #include "support/ArchivioTemporaneo.h"
 
 // The flat list of a year's 50,000 invoices, read and painted in its window, is to take at most 1.5 times of its bare
@@ -61,15 +61,7 @@ void elencoDocumenti(benchmark::State& stato)
     const Applicazione applicazione;
     const CartellaTemporanea cartella;
     const std::filesystem::path programFolder = std::filesystem::path(cartella.file("x")).parent_path();
-    std::filesystem::create_directories(programFolder / "Database");
-    const std::string archivio = (programFolder / "Database" / "DBBVEURO.mdb").string();
-    {
-        Connection cn;
-        cn.create(archivio, passwordArchivio);
-        creaSchema(cn);
-        semiConsegna(cn);
-        cn.execute("INSERT INTO Archivi (AnnoArchivio) VALUES (2004)");
-    }
+    const std::string archivio = archivioConsegnato(programFolder);
     MemorySettings impostazioni;
     impostazioni.save("Impostazioni", "PercorsoDB", archivio);
     impostazioni.save("Impostazioni", "Anno Riferimento", "2004");

@@ -52,6 +52,11 @@ AlberoPerMese::AlberoPerMese(Connection& cn, RegoleAlbero regole) : cn_(cn), reg
 void AlberoPerMese::carica()
 {
     Recordset soggetti = cn_.open(regole_.soggetti);
+    riempi(soggetti);
+}
+
+void AlberoPerMese::riempi(Recordset& soggetti)
+{
     tvwClienti.clear();
     const int radice = tvwClienti.add({}, chiaveRadice, regole_.radice);
     for (; !soggetti.eof(); soggetti.moveNext())
@@ -61,8 +66,51 @@ void AlberoPerMese::carica()
     lblCliente.setCaption({});
 }
 
+bool AlberoPerMese::mostra(Recordset& soggetti) const
+{
+    const auto& nodi = tvwClienti.nodes();
+    if (nodi.empty() || nodi.front().children.size() != soggetti.recordCount())
+        return false;
+    for (const int figlio : nodi.front().children) {
+        const TreeNode& nodo = nodi[static_cast<std::size_t>(figlio)];
+        if (nodo.key != chiaveSoggetto(soggetti["IDCliente"].asLong()) || nodo.text != soggetti["Cliente"].text())
+            return false;
+        soggetti.moveNext();
+    }
+    return true;
+}
+
+void AlberoPerMese::rileggi()
+{
+    Recordset soggetti = cn_.open(regole_.soggetti);
+    if (mostra(soggetti))
+        return;
+    const std::vector<TreeNode> prima = tvwClienti.nodes();
+    const int sceltaPrima = tvwClienti.selected();
+    if (soggetti.recordCount() > 0)
+        soggetti.moveFirst();
+    riempi(soggetti);
+    for (const TreeNode& nodo : prima) {
+        if (nodo.parent > 0) {
+            const TreeNode& soggetto = prima[static_cast<std::size_t>(nodo.parent)];
+            if (const int posto = tvwClienti.find(soggetto.key); posto >= 0) {
+                tvwClienti.add(soggetto.key, nodo.key, nodo.text);
+                tvwClienti.setBold(nodo.key, nodo.bold);
+                tvwClienti.setExpanded(posto, soggetto.expanded);
+            }
+        }
+    }
+    const int scelta = sceltaPrima < 0 ? -1 : tvwClienti.find(prima[static_cast<std::size_t>(sceltaPrima)].key);
+    if (scelta >= 0) {
+        tvwClienti.select(scelta);
+        racconta(scelta);
+    }
+}
+
 void AlberoPerMese::mostraMesi(std::int32_t idSoggetto, const MesiConDocumenti& mesiPieni)
 {
+    if (tvwClienti.find(chiaveSoggetto(idSoggetto)) < 0)
+        return;
     for (int mese = regole_.tuttiIMesi ? 1 : 0; mese <= mesi; ++mese) {
         const bool pieno = mesiPieni.test(static_cast<std::size_t>(mese));
         const std::string chiave = chiaveMese(mese, idSoggetto);
@@ -91,7 +139,7 @@ std::optional<NodoPerMese> AlberoPerMese::scelto() const
     return tvwClienti.selected() < 0 ? std::nullopt : std::optional(nodo(tvwClienti.selected()));
 }
 
-void AlberoPerMese::scegli(int posizione)
+void AlberoPerMese::racconta(int posizione)
 {
     const NodoPerMese scelto = nodo(posizione);
     const auto& nodi = tvwClienti.nodes();
@@ -102,8 +150,13 @@ void AlberoPerMese::scegli(int posizione)
         lblCliente.setCaption(regole_.etichetta + nodi[static_cast<std::size_t>(riga.parent)].text +
                               " - Mese: " + upper(riga.text));
     }
+}
+
+void AlberoPerMese::scegli(int posizione)
+{
+    racconta(posizione);
     if (nodoScelto)
-        nodoScelto(scelto);
+        nodoScelto(nodo(posizione));
 }
 
 Layout AlberoPerMese::layout(Layout elenco)

@@ -54,14 +54,19 @@ public:
 
     // Fills the tree anew; nothing is chosen then.
     void carica();
+    // Fills it anew if the parties are others than those shown; what is chosen and what hangs below them stays.
+    void rileggi();
     [[nodiscard]] std::optional<NodoPerMese> scelto() const;
-    // Hangs the months below the party, or marks those that hang there.
+    // Hangs the months below the party, or marks those that hang there; a party that is not in the tree has none.
     void mostraMesi(std::int32_t idSoggetto, const MesiConDocumenti& mesi);
     // The tree beside a list of what the chosen node holds, the line above the list.
     [[nodiscard]] Layout layout(Layout elenco);
 
 private:
     [[nodiscard]] NodoPerMese nodo(int posizione) const;
+    [[nodiscard]] bool mostra(Recordset& soggetti) const;
+    void riempi(Recordset& soggetti);
+    void racconta(int posizione);
     void scegli(int posizione);
     Connection& cn_;
     RegoleAlbero regole_;

@@ -1,6 +1,5 @@
 #include "documents/frmAnnullamento.h"
 
-#include "masterdata/modValidazioneCampi_Caratteri.h"
 #include "platform/values/Numeri.h"
 #include "platform/windowing/Desktop.h"
 #include "session/modMain.h"
@@ -15,22 +14,19 @@ frmAnnullamento::frmAnnullamento(Sessione& sessione)
     : Form(sessione.desktop(), "frmAnnullamento", titolo, WindowStyle::dialog),
       sessione_(sessione)
 {
-    txtNumeroDocumento.align = Align::right;
-    txtNumeroDocumento.onKeyPress = filtraTasti(ValidaCifre);
     cmdShow.onClick = [this] { conferma(); };
     cmdClose.onClick = [this] { unload(); };
 
     add("fraTipo", fraTipo);
     add("optTipo", optTipo);
     add(registro);
-    add("txtNumeroDocumento", txtNumeroDocumento);
+    add(campoNumero);
     add("cmdShow", cmdShow);
     add("cmdClose", cmdClose);
     optTipo[0].choose();
     using namespace layout;
     setLayout(column({frame(fraTipo, row({of(optTipo[0]), of(optTipo[1]), stretch()})),
-                      form({registro.linea(), line("&Numero", row({of(txtNumeroDocumento), stretch()}))}),
-                      rowEnd({of(cmdShow), of(cmdClose)})}));
+                      form({registro.linea(), campoNumero.linea()}), rowEnd({of(cmdShow), of(cmdClose)})}));
     setDefaultButton(&cmdShow);
     setCancelButton(&cmdClose);
 }
@@ -42,19 +38,13 @@ void frmAnnullamento::onLoad()
 
 void frmAnnullamento::conferma()
 {
-    if (txtNumeroDocumento.text().empty()) {
+    if (campoNumero.txtNumeroDocumento.text().empty()) {
         desktop().inform("Indicare il numero del documento da annullare!", titolo);
-        txtNumeroDocumento.setFocus();
+        campoNumero.txtNumeroDocumento.setFocus();
         return;
     }
-    std::int32_t numero = 0;
-    try {
-        numero = toInt32(txtNumeroDocumento.text());
-    } catch (const Errore&) {
-        MostraValoreNonValido(txtNumeroDocumento);
-        return;
-    }
-    AnnullaDocumento(numero);
+    if (const auto numero = campoNumero.numero())
+        AnnullaDocumento(*numero);
 }
 
 void frmAnnullamento::AnnullaDocumento(std::int32_t numero)
@@ -85,7 +75,7 @@ Recordset frmAnnullamento::cerca(const std::string& colonne, const std::string& 
 
 bool frmAnnullamento::chiedi(const std::string& documento) const
 {
-    return desktop().askBeforeLosing(documento + txtNumeroDocumento.text() +
+    return desktop().askBeforeLosing(documento + campoNumero.txtNumeroDocumento.text() +
                                          "\nAnnullando il documento, verranno eliminati tutti i riferimenti ad esso."
                                          "\nContinuare con l'operazione?",
                                      titolo);

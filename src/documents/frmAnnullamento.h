@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "documents/CampoNumeroDocumento.h"
 #include "documents/SceltaRegistro.h"
 #include "platform/windowing/Fields.h"
 #include "session/Sessione.h"
@@ -18,7 +19,7 @@ public:
     Frame fraTipo{"Tipo"};
     std::array<OptionButton, 2> optTipo{OptionButton{"&D.D.T."}, OptionButton{"&Fattura"}};
     SceltaRegistro registro;
-    TextBox txtNumeroDocumento{10};
+    CampoNumeroDocumento campoNumero;
     Button cmdShow{"&Annulla documento"};
     Button cmdClose{"&Chiudi"};
 

@@ -4,7 +4,6 @@
 
 #include "documents/StampaDocumento.h"
 #include "documents/TipoDocumento.h"
-#include "masterdata/modValidazioneCampi_Caratteri.h"
 #include "platform/values/Numeri.h"
 #include "platform/windowing/Desktop.h"
 #include "session/modMain.h"
@@ -20,20 +19,18 @@ frmRistampa::frmRistampa(Sessione& sessione)
       sessione_(sessione)
 {
     cboTipoDocumento.width = 24;
-    txtNumeroDocumento.align = Align::right;
-    txtNumeroDocumento.onKeyPress = filtraTasti(ValidaCifre);
     cmdShow.onClick = [this] { conferma(); };
     cmdClose.onClick = [this] { unload(); };
 
     add("cboTipoDocumento", cboTipoDocumento);
     add(registro);
-    add("txtNumeroDocumento", txtNumeroDocumento);
+    add(campoNumero);
     add("cmdShow", cmdShow);
     add("cmdClose", cmdClose);
     using namespace layout;
-    setLayout(column({form({line("&Documento", row({of(cboTipoDocumento), stretch()})), registro.linea(),
-                            line("&Numero", row({of(txtNumeroDocumento), stretch()}))}),
-                      rowEnd({of(cmdShow), of(cmdClose)})}));
+    setLayout(column(
+        {form({line("&Documento", row({of(cboTipoDocumento), stretch()})), registro.linea(), campoNumero.linea()}),
+         rowEnd({of(cmdShow), of(cmdClose)})}));
     setDefaultButton(&cmdShow);
     setCancelButton(&cmdClose);
 }
@@ -49,19 +46,13 @@ void frmRistampa::onLoad()
 
 void frmRistampa::conferma()
 {
-    if (!isNumeric(txtNumeroDocumento.text())) {
+    if (!isNumeric(campoNumero.txtNumeroDocumento.text())) {
         desktop().inform("Indicare il numero del documento da stampare!", titoloMessaggi);
-        txtNumeroDocumento.setFocus();
+        campoNumero.txtNumeroDocumento.setFocus();
         return;
     }
-    std::int32_t numero = 0;
-    try {
-        numero = toInt32(txtNumeroDocumento.text());
-    } catch (const Errore&) {
-        MostraValoreNonValido(txtNumeroDocumento);
-        return;
-    }
-    RistampaDocumento(numero, registro.registro(), static_cast<std::int16_t>(cboTipoDocumento.itemData()));
+    if (const auto numero = campoNumero.numero())
+        RistampaDocumento(*numero, registro.registro(), static_cast<std::int16_t>(cboTipoDocumento.itemData()));
 }
 
 void frmRistampa::RistampaDocumento(std::int32_t numero, std::int32_t numeroRegistro, std::int16_t tipoDocumento)
@@ -69,7 +60,7 @@ void frmRistampa::RistampaDocumento(std::int32_t numero, std::int32_t numeroRegi
     const std::optional<Esistente> documento = EsisteDocumento(tipoDocumento, numero, numeroRegistro);
     if (!documento) {
         desktop().inform("Documento inesistente!", titoloMessaggi);
-        txtNumeroDocumento.setFocus();
+        campoNumero.txtNumeroDocumento.setFocus();
         return;
     }
     stampaDocumento(sessione_, {tipoDocumento, numero, numeroRegistro, documento->RiferimentoBolla == "S"},

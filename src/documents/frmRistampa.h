@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "documents/CampoNumeroDocumento.h"
 #include "documents/SceltaRegistro.h"
 #include "platform/windowing/Fields.h"
 #include "platform/windowing/Form.h"
@@ -18,7 +19,7 @@ public:
 
     ComboBox cboTipoDocumento;
     SceltaRegistro registro;
-    TextBox txtNumeroDocumento{8};
+    CampoNumeroDocumento campoNumero;
     Button cmdShow{"&Stampa"};
     Button cmdClose{"&Chiudi"};
 

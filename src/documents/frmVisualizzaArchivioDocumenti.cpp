@@ -81,8 +81,9 @@ void frmVisualizzaArchivioDocumenti::onActivate()
     if (sessione_.cn.changes() == modificheViste_)
         return;
     rileggi(elenchi.lvwDocumentiEx, [this] { CaricaDocumenti(); });
-    if (const auto nodo = elenchi.albero.scelto())
-        rileggi(elenchi.lvwDocumenti, [&] { caricaNodo(*nodo, bolleDelNodo_); });
+    elenchi.albero.rileggi();
+    if (elencato_)
+        rileggi(elenchi.lvwDocumenti, [this] { caricaNodo(elencato_->nodo, elencato_->bolle); });
 }
 
 void frmVisualizzaArchivioDocumenti::ImpostaArchivio()
@@ -90,6 +91,7 @@ void frmVisualizzaArchivioDocumenti::ImpostaArchivio()
     const clsCursorWait attesa(desktop());
     const Archivio& archivio = archivi.at(static_cast<std::size_t>(cboTipoArchivio.listIndex()));
     tipoDocumento_ = archivio.tipoDocumento;
+    elencato_.reset();
     setCaption(archivio.titolo + ("Anno " + sessione_.AnnoRiferimento));
     for (ListView* elenco : {&elenchi.lvwDocumentiEx, &elenchi.lvwDocumenti}) {
         elenco->clear();
@@ -124,12 +126,12 @@ void frmVisualizzaArchivioDocumenti::CaricaBolleCliente(const NodoPerMese& nodo)
            [&](Recordset& bolla) { return rigaBollaDelCliente(bolla, nodo.genere == NodoPerMese::Genere::mese); });
 }
 
-void frmVisualizzaArchivioDocumenti::caricaNodo(const NodoPerMese& nodo, bool bolle)
+void frmVisualizzaArchivioDocumenti::caricaNodo(NodoPerMese nodo, bool bolle)
 {
     if (nodo.genere == NodoPerMese::Genere::radice)
         return;
     const clsCursorWait attesa(desktop());
-    bolleDelNodo_ = bolle;
+    elencato_ = {nodo, bolle};
     if (bolle)
         CaricaBolleCliente(nodo);
     else

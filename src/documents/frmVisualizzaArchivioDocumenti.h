@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <optional>
 
 #include "documents/ElenchiDocumenti.h"
 #include "documents/SceltaRegistro.h"
@@ -34,13 +34,18 @@ public:
 
 private:
     [[nodiscard]] Layout disponi();
-    void caricaNodo(const NodoPerMese& nodo, bool bolle);
+    void caricaNodo(NodoPerMese nodo, bool bolle);
     void registroCambiato();
     void visualizza();
     void stampa();
     Sessione& sessione_;
     std::int16_t tipoDocumento_ = tipo::fattura;
-    bool bolleDelNodo_ = false;        // of whichever kind, the list below the tree shows transport documents
+    // What the list beside the tree shows: a node's transport documents, of whichever kind, or the kind's own.
+    struct Elencato {
+        NodoPerMese nodo;
+        bool bolle = false;
+    };
+    std::optional<Elencato> elencato_;
     std::int64_t modificheViste_ = 0;  // of the archive, when the lists were read
 };
 
