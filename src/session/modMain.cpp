@@ -78,7 +78,7 @@ std::string chiediArchivio(Sessione& sessione, const std::string& perche)
 {
     for (;;) {
         sessione.desktop().inform(perche, "Bravona");
-        const std::string scelto = frmDialogBox(sessione).SelezioneDBoBackup();
+        std::string scelto = frmDialogBox(sessione).SelezioneDBoBackup();
         if (scelto.empty()) {
             sessione.desktop().messageBox(
                 {.title = "Bravona",
