@@ -65,6 +65,7 @@ frmScadenze::frmScadenze(Sessione& sessione)
         }
     };
     GrigliaScadenze1.diScadenzario = true;
+    GrigliaScadenze1.Command1.setCaption("Aggi&ungi");  // the letters of this window
     GrigliaScadenze1.CambioCella = [this](int riga, int colonna) { cambiaCella(riga, colonna); };
     GrigliaScadenze1.RigaEliminata = [this](std::int32_t id) { eliminata(id); };
     lblTotaleDocumenti.style = TextStyle::total;

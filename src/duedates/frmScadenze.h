@@ -25,7 +25,7 @@ public:
     Frame fraScadenze{"Scadenze"};
     CheckBox chkSaltato{"&Includi Saldate"};
     CheckBox chkNonSaltato{"Includi n&on Saldate"};
-    CheckBox chkNonScadute{"Escl&udi non Scadute"};
+    CheckBox chkNonScadute{"Escludi non Scadute"};
     CheckBox chkinscadenza{"Includi in Scaden&za a"};
     TextBox Text1{5};
     GrigliaScadenze GrigliaScadenze1;
