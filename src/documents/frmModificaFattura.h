@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "documents/SchermataModifica.h"
+#include "duedates/ApreFattura.h"
 #include "duedates/BloccoScadenze.h"
 #include "platform/windowing/Lists.h"
 
@@ -13,7 +14,7 @@ namespace bravona {
 // An invoice, a note or a quotation that was registered. Of an invoice made from transport documents only the rows'
 // amounts can be changed. Saving rewrites header, rows and instalments and leaves the stock alone; a plan that nobody
 // changed by hand is made anew.
-class frmModificaFattura final : public SchermataModifica {
+class frmModificaFattura final : public SchermataModifica, public ApreFattura {
 public:
     explicit frmModificaFattura(Sessione& sessione);
 
@@ -25,6 +26,10 @@ public:
     BloccoScadenze scadenze;
 
     void CaricaFatturaEsistente() { carica(); }
+    void ApriFattura(std::int32_t numero, std::int32_t registro, std::int32_t anno) override
+    {
+        ApriDocumento({.NumeroDocumento = numero, .NumeroRegistro = registro, .AnnoDocumento = anno});
+    }
 
 private:
     Layout disponi();

@@ -161,17 +161,11 @@ void GrigliaScadenze::setLocked(bool bloccata)
     Command2.setEnabled(!bloccata);
 }
 
-void GrigliaScadenze::AddItem(std::string_view linea)
+void GrigliaScadenze::AddItem(std::vector<FlexGrid::NewRow> linee)
 {
-    const int riga = Griglia.rows();
-    Griglia.setRows(riga + 1);
-    const std::vector<std::string> celle = split(linea, '\t');
-    const int colonne = std::min(Griglia.cols(), static_cast<int>(celle.size()));
-    for (int colonna = 1; colonna < colonne; ++colonna)
-        Griglia.setText(riga, colonna, celle[static_cast<std::size_t>(colonna)]);
-    const bool nonPagata = linea.empty() || linea.front() == '0' || linea.front() == '\t';
-    Griglia.setPicture(riga, colonnaPagata, nonPagata ? FlexGrid::Picture::unpaid : FlexGrid::Picture::paid);
-    Griglia.setCurrent(riga, Griglia.col());
+    Griglia.append(std::move(linee));
+    if (importiCambiati)
+        importiCambiati();
 }
 
 void GrigliaScadenze::chiudiEditor()
@@ -290,15 +284,15 @@ void GrigliaScadenze::scriviCella(int riga, int colonna, std::string testo)
     Modificato = true;
 }
 
-// Enter leaves the editor; a text that is no date goes with it.
+// Enter leaves the editor; a text that is no date goes with it. The ledger tells it whichever way the cell is left.
 void GrigliaScadenze::confermaCasella(int colonna)
 {
     TextBox& box = casellaDi(colonna);
     const bool dataSbagliata = colonnaDiDate(colonna) && !box.text().empty() && !isDate(box.text());
-    if (dataSbagliata)
+    if (dataSbagliata && !diScadenzario)
         dataNonValida();
     Griglia.setFocus();
-    if (dataSbagliata) {
+    if (dataSbagliata && !diScadenzario) {
         box.setText({});
     }
 }
@@ -404,11 +398,15 @@ void GrigliaScadenze::lasciaCasella(int colonna)
     const int riga = static_cast<int>(leadingNumber(box.tag));
     if (riga < 1 || riga >= Griglia.rows())
         return;
-    if (colonna == colonnaDataPagamento && !isDate(box.text())) {
-        scriviCella(riga, colonna, {});
+    const bool nessunaData = colonna == colonnaDataPagamento && !isDate(box.text());
+    const bool rifiutata = nessunaData && diScadenzario && !box.text().empty();
+    if (nessunaData) {
         box.setText({});
+        scriviCella(riga, colonna, rifiutata ? primaDellaModifica_ : std::string());
     }
     box.setVisible(false);
+    if (rifiutata)
+        dataNonValida();
     if (colonnaDiImporti(colonna))
         concludiImporto(riga, colonna);
     if (CambioCella)
@@ -438,7 +436,7 @@ void GrigliaScadenze::aggiungi()
 {
     const int riga = Griglia.rows();
     setRows(riga + 1);
-    if (nuovaRigaConData)
+    if (diScadenzario)
         Griglia.setText(riga, colonnaScadenza, orologio_.today().text());
     Griglia.setCurrent(riga, colonnaScadenza);
     if (CambioCella)
@@ -450,6 +448,8 @@ void GrigliaScadenze::aggiungi()
 void GrigliaScadenze::elimina()
 {
     const int riga = Griglia.row();
+    if (diScadenzario && riga == 0)
+        return;
     MessageBox domanda;
     domanda.title = "Elimina Scadenza";
     domanda.text = "Elimino la scadenza del " + Griglia.text(riga, colonnaScadenza) + " ?";
@@ -460,7 +460,7 @@ void GrigliaScadenze::elimina()
         Griglia.setFocus();
         return;
     }
-    if (Griglia.rows() < 3) {
+    if (Griglia.rows() < 3 && !diScadenzario) {
         setRows(1);
     } else {
         // Only the ledger's grid has the column of the record's key: elsewhere the failure reaches the host.

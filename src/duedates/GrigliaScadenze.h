@@ -5,7 +5,6 @@
 #include <functional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "duedates/Rate.h"
@@ -41,8 +40,9 @@ public:
     Button Command1{"&Aggiungi"};
     Button Command2{"&Elimina"};
 
-    // A column of the ledger: a new line shows today's date at once there.
-    bool nuovaRigaConData = false;
+    // In the ledger a new line shows today's date at once, a day of payment that is none gives way to the former one,
+    // and deleting the only line raises the event as well.
+    bool diScadenzario = false;
     // The plan was changed by hand: set by edits and deletions, cleared by the owner alone.
     bool Modificato = false;
 
@@ -68,8 +68,8 @@ public:
     // none.
     void mostra(std::span<const Rata> rate);
     [[nodiscard]] std::vector<Rata> rate() const;
-    // A line of cells parted by tabs; its first character tells whether it is paid.
-    void AddItem(std::string_view linea);
+    // Lines behind the last one.
+    void AddItem(std::vector<FlexGrid::NewRow> linee);
     // Closes an editor that is open, without its events.
     void chiudiEditor();
 

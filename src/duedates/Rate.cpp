@@ -31,13 +31,12 @@ Value valoreDi(const std::optional<Date>& data)
     return data ? Value(*data) : Value();
 }
 
-// "0" and "-1" as written here; whatever else reads as a number other than 0 counts as paid.
-bool saldata(const std::string& testo)
+}  // namespace
+
+bool rataSaldata(const std::string& testo)
 {
     return leadingNumber(testo) != 0 || testo == "True" || testo == "Vero";
 }
-
-}  // namespace
 
 std::vector<Rata> calcolaPiano(Connection& cn, std::int32_t idModalitaPagamento, Date dataDocumento,
                                std::int32_t registro, Currency totale)
@@ -62,7 +61,7 @@ std::vector<Rata> leggiRate(Connection& cn, std::int32_t idDocumento)
         cn.open("Select * From Scadenzario Where IDDocumento=" + std::to_string(idDocumento) + " Order By Scadenza");
     std::vector<Rata> rate;
     for (; !scadenzario.eof(); scadenzario.moveNext()) {
-        rate.push_back({saldata(scadenzario["Saldato"].text()), dataDi(scadenzario["Scadenza"].value()),
+        rate.push_back({rataSaldata(scadenzario["Saldato"].text()), dataDi(scadenzario["Scadenza"].value()),
                         importoDi(scadenzario["avere"]), importoDi(scadenzario["dare"]),
                         dataDi(scadenzario["Data_Pagamento"].value())});
     }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "platform/store/Connection.h"
@@ -27,6 +28,9 @@ struct Rata {
 [[nodiscard]] std::vector<Rata> calcolaPiano(Connection& cn, std::int32_t idModalitaPagamento, Date dataDocumento,
                                              std::int32_t registro, Currency totale);
 
+// How the archive keeps the mark "paid": "0" and "-1" as written here; whatever else reads as a number other than 0
+// counts as paid.
+[[nodiscard]] bool rataSaldata(const std::string& testo);
 // A document's instalments in the archive, in the order of their dates.
 [[nodiscard]] std::vector<Rata> leggiRate(Connection& cn, std::int32_t idDocumento);
 void scriviRate(Connection& cn, std::int32_t idDocumento, std::int32_t registro, std::span<const Rata> rate);

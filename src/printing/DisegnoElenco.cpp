@@ -1,5 +1,6 @@
 #include "printing/DisegnoElenco.h"
 
+#include <numeric>
 #include <utility>
 
 namespace bravona {
@@ -14,7 +15,9 @@ void MettiColonne(Report& report, double y, std::span<const ColonnaElenco> colon
 {
     ReportSection& testata = report["H"];
     ReportSection& righe = report[report.detailSection];
-    testata.controls.push_back(Fondo({0, y, larghezzaElenco, altezzaIntestazioni}, grigioIntestazione));
+    const double tutte = std::accumulate(colonne.begin(), colonne.end(), 0.0,
+                                         [](double somma, const ColonnaElenco& c) { return somma + c.larghezza; });
+    testata.controls.push_back(Fondo({0, y, tutte, altezzaIntestazioni}, grigioIntestazione));
     righe.height = mm(altezzaRigaElenco);
     righe.alternate = true;
     double x = 0;
@@ -41,13 +44,13 @@ void MettiColonne(Report& report, double y, std::span<const ColonnaElenco> colon
     testata.height = mm(y + altezzaIntestazioni + 0.8);
 }
 
-void MettiPiede(ReportSection& piede, double y)
+void MettiPiede(ReportSection& piede, double y, double larghezza)
 {
     constexpr double altezza = 5;
-    piede.controls.push_back(Filo(0, y + 1, larghezzaElenco, 0));
+    piede.controls.push_back(Filo(0, y + 1, larghezza, 0));
     piede.controls.push_back(
         Etichetta("lblData", "%D", {0, y + 1.5, 60, altezza}, {8, 0, false, Align::left, grigioDidascalia}));
-    piede.controls.push_back(Etichetta("lblPagina", "Pag. %p di %P", {larghezzaElenco - 60, y + 1.5, 60, altezza},
+    piede.controls.push_back(Etichetta("lblPagina", "Pag. %p di %P", {larghezza - 60, y + 1.5, 60, altezza},
                                        {8, 0, false, Align::right, grigioDidascalia}));
     piede.height = mm(y + 1.5 + altezza);
 }

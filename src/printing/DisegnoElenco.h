@@ -9,7 +9,8 @@ namespace bravona {
 
 // What the lists have alike: column headings above aligned columns, and the line at the foot of each page.
 
-inline constexpr double larghezzaElenco = 190;  // mm between the margins
+inline constexpr double larghezzaElenco = 190;            // mm between the margins
+inline constexpr double larghezzaElencoDiTraverso = 277;  // of a sheet laid across
 
 struct ColonnaElenco {
     const char* etichetta;  // name of the heading
@@ -21,11 +22,11 @@ struct ColonnaElenco {
 };
 
 // Headings on grey in "H" from `y` down, one line high; the fields of a row of the list under them.
-void MettiColonne(Report& report, double y, std::span<const ColonnaElenco> colonne);
+void MettiColonne(Report& report, double y, std::span<const ColonnaElenco> colonne);  // as wide as they are
 inline constexpr double altezzaIntestazioni = 6;
 inline constexpr double altezzaRigaElenco = 5.3;
 
 // Page and date at the foot of each sheet, `y` down in the footer; the height that the footer then has.
-void MettiPiede(ReportSection& piede, double y = 0);
+void MettiPiede(ReportSection& piede, double y = 0, double larghezza = larghezzaElenco);
 
 }  // namespace bravona

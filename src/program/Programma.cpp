@@ -13,6 +13,8 @@
 #include "documents/frmVisualizzaArchivioDocumenti.h"
 #include "documents/frmZoomDescrizione.h"
 #include "documents/modScarico.h"
+#include "duedates/frmControlloScadenze.h"
+#include "duedates/frmScadenze.h"
 #include "maintenance/FRMRipristino.h"
 #include "maintenance/FRM_Backup.h"
 #include "maintenance/frmBackup.h"
@@ -117,6 +119,9 @@ void Programma::registraSchermate()
     registra<frmAnnullamento>(sessione_, "frmAnnullamento");
     registra<frmZoomDescrizione>(sessione_, "frmZoomDescrizione");
     registra<frmResoconto>(sessione_, "frmResoconto");
+
+    registra<frmScadenze>(sessione_, "frmScadenze");
+    registra<frmControlloScadenze>(sessione_, "frmControlloScadenze");
 
     registra<frmRegistraMovimentiMagazzino>(sessione_, "frmRegistraMovimentiMagazzino");
     registra<frmModificaMovimentiMagazzino>(sessione_, "frmModificaMovimentiMagazzino");

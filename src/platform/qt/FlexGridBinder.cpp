@@ -18,13 +18,14 @@ namespace bravona {
 namespace {
 
 constexpr int pictureRole = Qt::UserRole;
+constexpr int signRole = Qt::UserRole + 1;
 
 Qt::Alignment alignment(int code)
 {
     return (code == 7 ? Qt::AlignRight : code == 4 ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
-// Draws the paid and unpaid marks; texts are the style's.
+// Draws the paid and unpaid marks, and the sign of the row at their right; texts are the style's.
 class MarkDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -36,6 +37,27 @@ public:
             theme::drawMark(*painter, option.rect, picture == static_cast<int>(FlexGrid::Picture::paid),
                             option.palette);
         }
+        const QString sign = index.data(signRole).toString();
+        if (!sign.isEmpty()) {
+            drawSign(*painter, option, sign, index.data(Qt::ForegroundRole));
+        }
+    }
+
+private:
+    static void drawSign(QPainter& painter, const QStyleOptionViewItem& option, const QString& sign,
+                         const QVariant& colour)
+    {
+        painter.save();
+        QFont bold = option.font;
+        bold.setBold(true);
+        painter.setFont(bold);
+        if (option.state.testFlag(QStyle::State_Selected)) {
+            painter.setPen(option.palette.color(QPalette::HighlightedText));
+        } else if (colour.isValid()) {
+            painter.setPen(colour.value<QColor>());
+        }
+        painter.drawText(option.rect.adjusted(0, 0, -theme::pixels(5), 0), Qt::AlignRight | Qt::AlignVCenter, sign);
+        painter.restore();
     }
 };
 
@@ -63,12 +85,18 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const
         switch (records->picture(row, index.column())) {
         case FlexGrid::Picture::paid:
             return QStringLiteral("Pagata");
-        case FlexGrid::Picture::unpaid:
-            return QStringLiteral("Da pagare");
+        case FlexGrid::Picture::unpaid: {
+            const QString meaning = toQt(records->rowSign(row).meaning);
+            return meaning.isEmpty() ? QStringLiteral("Da pagare") : QStringLiteral("Da pagare, ") + meaning;
+        }
         case FlexGrid::Picture::none:
             break;
         }
         return {};
+    case Qt::ToolTipRole:
+        return index.column() == 0 ? toQt(records->rowSign(row).meaning) : QString();
+    case signRole:
+        return index.column() == 0 ? toQt(records->rowSign(row).sign) : QString();
     case pictureRole:
         return static_cast<int>(records->picture(row, index.column()));
     default:
@@ -95,7 +123,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 
 QSize FlexGridWidget::sizeHint() const
 {
-    return {std::clamp(horizontalHeader()->length() + theme::pixels(24), theme::pixels(320), theme::pixels(900)),
+    return {std::clamp(horizontalHeader()->length() + theme::pixels(24), theme::pixels(320), theme::pixels(1100)),
             horizontalHeader()->sizeHint().height() + verticalHeader()->defaultSectionSize() * 8 + 4};
 }
 
@@ -215,9 +243,35 @@ void FlexGridBinder::followColumns()
         }
     }
     shareSpareWidth();
+    fitFigures(1, c().rows() - 1);
     view_->following = false;
     followCurrent();
     layEditors();
+}
+
+// A figure cut off is none: the columns that stand at the right are as wide as what is in these rows.
+void FlexGridBinder::fitFigures(int first, int last)
+{
+    constexpr int looked = 500;
+    if (wanted_.size() != static_cast<std::size_t>(c().cols())) {
+        return;
+    }
+    const QFontMetrics metrics = view_->fontMetrics();
+    bool wider = false;
+    for (int col = 0; col < c().cols(); ++col) {
+        int& wanted = wanted_[static_cast<std::size_t>(col)];
+        if (c().colAlignment(col) != 7 || wanted == 0) {
+            continue;
+        }
+        for (int row = std::max(1, first); row <= std::min({last, c().rows() - 1, first + looked}); ++row) {
+            const int needed = metrics.horizontalAdvance(toQt(c().text(row, col))) + theme::pixels(14);
+            wider = wider || needed > wanted;
+            wanted = std::max(wanted, needed);
+        }
+    }
+    if (wider) {
+        shareSpareWidth();
+    }
 }
 
 // What room is left widens all columns alike, within reason.
@@ -257,6 +311,7 @@ void FlexGridBinder::followRows()
 {
     view_->following = true;
     model_->followRows(std::max(0, c().rows() - 1));
+    fitFigures(1, c().rows() - 1);
     view_->following = false;
     followCurrent();
     layEditors();
@@ -319,6 +374,7 @@ void FlexGridBinder::follow(Aspect aspect, std::size_t row)
             }
         } else {
             model_->rowsChanged(static_cast<int>(row) - 1, static_cast<int>(row) - 1);
+            fitFigures(static_cast<int>(row), static_cast<int>(row));
         }
         break;
     case Aspect::selection:

@@ -59,6 +59,7 @@ private:
     void followEditors();
     void layEditors();
     void shareSpareWidth();
+    void fitFigures(int first, int last);  // rows of the grid
     FlexGridWidget* view_;
     FlexGridModel* model_;
     std::vector<int> wanted_;  // widths of the columns before they share what room is left

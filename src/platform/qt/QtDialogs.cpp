@@ -125,9 +125,13 @@ QString startingFolder(const std::string& folder)
 
 QPageLayout sheetOf(const Pages& pages)
 {
-    return {QPageSize(QSizeF(pages.width / twipsPerPoint, pages.height / twipsPerPoint), QPageSize::Point, QString(),
-                      QPageSize::FuzzyOrientationMatch),
-            QPageLayout::Portrait, QMarginsF()};
+    const bool across = pages.width > pages.height;
+    QSizeF sheet(pages.width / twipsPerPoint, pages.height / twipsPerPoint);
+    if (across) {
+        sheet.transpose();
+    }
+    return {QPageSize(sheet, QPageSize::Point, QString(), QPageSize::FuzzyMatch),
+            across ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()};
 }
 
 // Which pages, from 0, and where on the device's sheet.

@@ -48,6 +48,9 @@ class Composer {
 public:
     Composer(const Report& report, Recordset& data, Date today) : report_(report), data_(data), today_(today.text())
     {
+        if (report.landscape) {
+            std::swap(pages_.width, pages_.height);
+        }
         header_.section = report.find(report.headerSection);
         detail_.section = report.find(report.detailSection);
         footer_.section = report.find(report.footerSection);

@@ -59,6 +59,7 @@ struct Report {
     std::string name;         // "arptDDTvb"
     std::string windowTitle;  // of its preview
     int marginLeft = 567, marginTop = 567, marginRight = 567, marginBottom = 567;
+    bool landscape = false;
     std::string chapter = "Child";        // of grouped reports
     std::vector<ReportSection> sections;  // "H", "D", "F" … in printing order
     std::string headerSection = "H";

@@ -115,6 +115,38 @@ void FlexGrid::setRowColour(int row, std::optional<Colour> colour)
     notify(Aspect::row, at(row));
 }
 
+const FlexGrid::Sign& FlexGrid::rowSign(int row) const
+{
+    check(row, 0);
+    return rows_[at(row)].sign;
+}
+
+void FlexGrid::setRowSign(int row, Sign sign)
+{
+    check(row, 0);
+    rows_[at(row)].sign = std::move(sign);
+    notify(Aspect::row, at(row));
+}
+
+void FlexGrid::append(std::vector<NewRow> rows)
+{
+    rows_.reserve(rows_.size() + rows.size());
+    for (NewRow& added : rows) {
+        Row& row = rows_.emplace_back();
+        row.cells.resize(cols_.size());
+        const std::size_t filled = std::min(cols_.size(), added.texts.size());
+        for (std::size_t col = 0; col < filled; ++col) {
+            row.cells[col].text = std::move(added.texts[col]);
+        }
+        if (!row.cells.empty()) {
+            row.cells.front().picture = added.picture;
+        }
+        row.colour = added.colour;
+        row.sign = std::move(added.sign);
+    }
+    notify(Aspect::items);
+}
+
 int FlexGrid::colWidth(int col) const
 {
     if (col < 0 || col >= cols()) {

@@ -32,6 +32,21 @@ public:
     void setPicture(int row, int col, Picture picture);
     [[nodiscard]] std::optional<Colour> rowColour(int row) const;
     void setRowColour(int row, std::optional<Colour> colour);
+    // Beside the mark of a row, for what its colour says: drawn, read aloud, no text of a cell.
+    struct Sign {
+        std::string sign;     // a character; empty: none
+        std::string meaning;  // "scaduta"
+    };
+    [[nodiscard]] const Sign& rowSign(int row) const;
+    void setRowSign(int row, Sign sign);
+    // Rows behind the last, with one event for all: their texts from the first column on, the picture of column 0.
+    struct NewRow {
+        std::vector<std::string> texts;
+        Picture picture = Picture::none;
+        std::optional<Colour> colour;
+        Sign sign;
+    };
+    void append(std::vector<NewRow> rows);
 
     [[nodiscard]] int colWidth(int col) const;  // twips; 0 hides the column; -1 the default
     void setColWidth(int col, int twips);
@@ -75,6 +90,7 @@ private:
     struct Row {
         std::vector<Cell> cells;
         std::optional<Colour> colour;
+        Sign sign;
     };
     struct Col {
         int width = -1;
