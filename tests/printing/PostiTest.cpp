@@ -104,7 +104,7 @@ private:
 bool dice(const std::string& stampato, const std::string& atteso)
 {
     static const std::string puntini = "…";
-    if (stampato.size() > puntini.size() && stampato.ends_with(puntini)) {
+    if (stampato.size() > puntini.size() + 1 && stampato.ends_with(puntini)) {
         return atteso.starts_with(stampato.substr(0, stampato.size() - puntini.size()));
     }
     return stampato == atteso;
