@@ -47,7 +47,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     bravona::Connection& cn = archive();
-    understood([&] { bravona::Recordset::declare(statement); });
     std::string sql;
     if (understood([&] { sql = cn.translated(statement); })) {
         try {

@@ -97,9 +97,14 @@ void Casella(ReportSection& sezione, const std::string& nome, const std::string&
     sezione.controls.push_back(Riquadro(posto));
     const double larghezza = posto.larghezza - 2 * rientro;
     if (!didascalia.empty()) {
-        sezione.controls.push_back(Etichetta(nome, didascalia,
-                                             {posto.x + rientro, posto.y + 0.5, larghezza, altezzaDidascalia},
-                                             {7, puntiMinimi, false, Align::left, grigioDidascalia}));
+        ReportControl etichetta =
+            Etichetta(nome, didascalia, {posto.x + rientro, posto.y + 0.5, larghezza, altezzaDidascalia},
+                      {7, puntiMinimi, false, Align::left, grigioDidascalia});
+        // A blank before a caption does not move it out of line with the others.
+        if (didascalia.front() == ' ') {
+            etichetta.left -= textWidth(" ", etichetta.points, etichetta.bold);
+        }
+        sezione.controls.push_back(std::move(etichetta));
     }
     if (!colonna.empty()) {
         const double sotto = 0.5 + altezzaDidascalia;

@@ -13,6 +13,8 @@ constexpr double altezzaIntestazioni = 5;
 constexpr double stacco = 1.5;           // between blocks
 constexpr double altezzaRegistro = 8.6;  // from the top
 constexpr double rientroCella = 0.9;
+constexpr double rientroParte = 0.3;  // of columns that share a cell
+constexpr double altezzaRigaIndirizzo = 4.8;
 constexpr double altezzaVoceDitta = 4.2;
 constexpr double larghezzaCap = 11;
 constexpr double altezzaDatiLegali = 41.6;  // beneath the logo, level with the addressee
@@ -91,9 +93,12 @@ void DisegnaDestinatario(ReportSection& testata)
     controlli.push_back(Etichetta("Label1", "Spett.", {destra, 41.6, 30, 4.2},
                                   {8.5, puntiMinimi, false, Align::left, colours::black, true}));
     controlli.push_back(Campo("Text17", "Cliente", {destra, 46.6, larghezzaDestra - 5, 5.2}, {11, puntiMinimi, true}));
-    controlli.push_back(Campo("Text12", "ClienteSecondaRiga", {destra, 51.8, larghezzaDestra - 5, 4.8}, {10}));
-    controlli.push_back(Campo("Text18", "Clienti.Indirizzo", {destra, 56.6, larghezzaDestra - 5, 4.8}, {10}));
-    controlli.push_back(Campo("Text21", "lblCittaProvincia", {destra, 61.4, larghezzaDestra - 5, 4.8}, {10}));
+    controlli.push_back(
+        Campo("Text12", "ClienteSecondaRiga", {destra, 51.8, larghezzaDestra - 5, altezzaRigaIndirizzo}, {10}));
+    controlli.push_back(
+        Campo("Text18", "Clienti.Indirizzo", {destra, 56.6, larghezzaDestra - 5, altezzaRigaIndirizzo}, {10}));
+    controlli.push_back(
+        Campo("Text21", "lblCittaProvincia", {destra, 61.4, larghezzaDestra - 5, altezzaRigaIndirizzo}, {10}));
 
     Casella(testata, "Label2", "Destinazione merce:", {0, 52.2, 86, 14});
     controlli.push_back(Campo("Text23", "lblDestinazioneMerceIndirizzo", {1.2, 56.4, 83.6, 4.6}, {9.5}));
@@ -106,11 +111,11 @@ void DisegnaDatiCliente(ReportSection& testata, bool pagamento)
 {
     constexpr double y = 70;
     constexpr double altezza = 9.6;
-    constexpr double larghezza = 72;
+    constexpr double larghezza = 64;
     auto& controlli = testata.controls;
     Casella(testata, "Label6", "Partita IVA - Codice Fiscale", {0, y, larghezza, altezza});
-    controlli.push_back(Campo("Text3", "PartitaIva", {1.2, y + 4, 30, 5}, {9}));
-    controlli.push_back(Campo("Text4", "CodiceFiscale", {33, y + 4, larghezza - 34.2, 5}, {9}));
+    controlli.push_back(Campo("Text3", "PartitaIva", {1.2, y + 4, 24, 5}, {9}));
+    controlli.push_back(Campo("Text4", "CodiceFiscale", {26.4, y + 4, larghezza - 27.6, 5}, {9}));
     if (pagamento) {
         const double resto = (larghezzaUtile - larghezza) / 2;
         Casella(testata, "Label25", "Modalità pagamento", {larghezza, y, resto, altezza});
@@ -130,6 +135,14 @@ void DisegnaTestata(Report& report, const ParoleTestata& testata)
     DisegnaTitolo(sezione, testata);
     DisegnaDestinatario(sezione);
     DisegnaDatiCliente(sezione, testata.pagamento);
+}
+
+void ImpostaDestinatario(ReportSection& testata, bool secondaRiga)
+{
+    if (!secondaRiga) {
+        testata["Text18"].top -= mm(altezzaRigaIndirizzo);
+        testata["Text21"].top -= mm(altezzaRigaIndirizzo);
+    }
 }
 
 void ImpostaCap(ReportSection& testata, const DatiDitta& ditta)
@@ -176,10 +189,11 @@ void DisegnaRighe(Report& report, const std::vector<ColonnaRighe>& colonne, int 
         testata.controls.push_back(Intestazione(colonna.etichetta, colonna.testo,
                                                 {x, y, colonna.larghezza, altezzaIntestazioni}, colonna.intestazione));
         const double parte = colonna.larghezza / static_cast<double>(colonna.colonne.size());
+        const double rientro = colonna.colonne.size() > 1 ? rientroParte : rientroCella;
         for (std::size_t i = 0; i < colonna.colonne.size(); ++i) {
             const double inizio = x + parte * static_cast<double>(i);
             dettaglio.controls.push_back(Campo(colonna.colonne[i],
-                                               {inizio + rientroCella, 0, parte - 2 * rientroCella, altezzaRiga},
+                                               {inizio + rientro, 0, parte - 2 * rientro, altezzaRiga},
                                                {punti, puntiMinimi, false, colonna.allineamento}));
         }
         x += colonna.larghezza;
@@ -224,11 +238,11 @@ double DisegnaRiepilogoETotali(ReportSection& piede, double y, const std::string
         Align allineamento;
     };
     constexpr Voce voci[] = {
-        {"lblCodiceIva", "C.IVA", "CodiceIva", 13, Align::centre},
-        {"lblDescrizioneIva", "Descrizione codice IVA", "DescrizioneIva", 44, Align::left},
-        {"lblAliquotaIva", "IVA %", "AliquotaIva", 12, Align::centre},
-        {"lblImponibileIva", "Imponibile € ", "ImponibileIva", 27, Align::right},
-        {"lblImportoIva", "Importo IVA € ", "ImportoIva", 26, Align::right},
+        {"lblCodiceIva", "C.IVA", "CodiceIva", 11, Align::centre},
+        {"lblDescrizioneIva", "Descrizione codice IVA", "DescrizioneIva", 50, Align::left},
+        {"lblAliquotaIva", "IVA %", "AliquotaIva", 11, Align::centre},
+        {"lblImponibileIva", "Imponibile € ", "ImponibileIva", 25, Align::right},
+        {"lblImportoIva", "Importo IVA € ", "ImportoIva", 25, Align::right},
     };
     double x = 0;
     for (const Voce& voce : voci) {
@@ -325,9 +339,9 @@ std::vector<ColonnaRighe> ColonneFattura(const ParoleRighe& parole)
         {"Label15", "UM", 8, Align::centre, Align::centre, {"UnitaMisura"}},
         {"Label16", parole.quantita, 18, Align::centre, Align::right, {"Quantita"}},
         {"Label27", parole.prezzo, 20, Align::centre, Align::right, {"PrezzoUnitario"}},
-        {"Label30", "Sconti %", 19, Align::centre, Align::centre, {"Sconto1", "Sconto2", "Sconto3"}},
-        {"Label31", "Iva", 8, Align::centre, Align::centre, {"CodiceIva"}},
-        {"Label32", parole.totaleRiga, 22, Align::right, Align::right, {"TotaleRiga"}},
+        {"Label30", "Sconti %", 22, Align::centre, Align::centre, {"Sconto1", "Sconto2", "Sconto3"}},
+        {"Label31", "Iva", 7, Align::centre, Align::centre, {"CodiceIva"}},
+        {"Label32", parole.totaleRiga, 20, Align::right, Align::right, {"TotaleRiga"}},
     };
 }
 

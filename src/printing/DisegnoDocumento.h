@@ -30,6 +30,8 @@ struct ParoleTestata {
 // numbers.
 void DisegnaTestata(Report& report, const ParoleTestata& testata);
 
+// Without a second line of the customer's name his address moves up to the first.
+void ImpostaDestinatario(ReportSection& testata, bool secondaRiga);
 // The firm's postcode before its town, unless it was written there.
 void ImpostaCap(ReportSection& testata, const DatiDitta& ditta);
 // What the law wants to read on an invoice stands beneath a logo as letters: name, VAT number and the province, which

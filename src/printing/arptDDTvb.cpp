@@ -21,7 +21,7 @@ Report arptDDTvb()
                      {"Label15", "UM", 12, Align::centre, Align::centre, {"UnitaMisura"}},
                      {"Label16", "QT", 24, Align::centre, Align::right, {"Quantita"}},
                  },
-                 righeDDT, 3.7, 8.5);
+                 righeDDT, 3.75, 8);
     ReportSection& piede = report["F"];
     double y = DisegnaTrasporto(piede, 1.5, 2);
     y = DisegnaFirme(piede, y, {"lblVariazioni", " Variazioni", 11});

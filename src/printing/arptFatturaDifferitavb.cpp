@@ -16,7 +16,7 @@ Report arptFatturaDifferitavb()
     testata.registro = true;
     testata.pagamento = true;
     DisegnaTestata(report, testata);
-    DisegnaRighe(report, ColonneFattura({"QT", " Prezzo €", "Totale riga € "}), righeFatturaDifferita, 3.75, 8.5);
+    DisegnaRighe(report, ColonneFattura({"QT", " Prezzo €", "Totale riga € "}), righeFatturaDifferita, 3.75, 8);
     ReportSection& piede = report["F"];
     double y = DisegnaRiepilogoETotali(piede, 1.5, "Label20", "Totale € ");
     y = DisegnaFirme(piede, y, {"Label29", "Variazioni", 12});

@@ -16,7 +16,7 @@ Report arptFatturaImmediatavb()
     testata.registro = true;
     testata.pagamento = true;
     DisegnaTestata(report, testata);
-    DisegnaRighe(report, ColonneFattura({"Quantità", " Prezzo", "Totale riga "}), righeFatturaImmediata, 3.9, 8.5);
+    DisegnaRighe(report, ColonneFattura({"Quantità", " Prezzo", "Totale riga "}), righeFatturaImmediata, 3.9, 8);
     ReportSection& piede = report["F"];
     double y = DisegnaRiepilogoETotali(piede, 1.5, "Label20", "Totale €  ");
     y = DisegnaTrasporto(piede, y, 1);

@@ -15,7 +15,7 @@ Report arptFatturaProformavb()
     testata.nomeProvincia = "Label33";
     testata.pagamento = true;
     DisegnaTestata(report, testata);
-    DisegnaRighe(report, ColonneFattura({"QT", " Prezzo €", "Totale riga € "}), righeFatturaProforma, 3.75, 8.5);
+    DisegnaRighe(report, ColonneFattura({"QT", " Prezzo €", "Totale riga € "}), righeFatturaProforma, 3.75, 8);
     ReportSection& piede = report["F"];
     double y = DisegnaRiepilogoETotali(piede, 1.5, "Label20", "Totale € ");
     y = DisegnaFirme(piede, y, {"Label29", "Variazioni", 12});

@@ -91,6 +91,7 @@ StampaDocumento Prepara(Sessione& sessione, Report report, const std::string& in
     const RigheIndirizzo indirizzo = Indirizzo(documento);
     StampaDocumento stampa;
     stampa.report = std::move(report);
+    ImpostaDestinatario(stampa.report["H"], !documento["ClienteSecondaRiga"].text().empty());
     ImpostaCap(stampa.report["H"], sessione.DatiDitta);
     stampa.nomeFile = nomeFile({tipo, std::to_string(numero), sessione.AnnoRiferimento, documento["Cliente"].text()});
     stampa.dati = CostruisciRecordsetStampa(documento, sessione.DatiDitta, std::to_string(numero),

@@ -121,6 +121,18 @@ TEST_P(Disegni, printAmountsOfMillionsWhole)
     }
 }
 
+TEST_P(Disegni, printDiscountsWhole)
+{
+    DocumentoDiProva documento;
+    const std::vector<std::pair<std::string, std::string>> sconti{
+        {"Sconto1", "12,75"}, {"Sconto2", "100"}, {"Sconto3", "99,95"}};
+    documento.altri = sconti;
+    const Page page = pagine(documento).pages.at(0);
+    for (const auto& [colonna, sconto] : sconti) {
+        EXPECT_EQ(detailText(page, 0, colonna).value_or(sconto), sconto);
+    }
+}
+
 TEST_P(Disegni, setRowsInLegibleType)
 {
     DocumentoDiProva documento;

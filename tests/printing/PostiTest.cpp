@@ -21,6 +21,13 @@ std::string nomeProprio(const std::string& colonna)
     if (colonna == "TotaleDocumento") {
         return "1111,11";  // the one that the prints compute with
     }
+    // Columns of two letters.
+    if (colonna == "UnitaMisura") {
+        return "UM";
+    }
+    if (colonna == "CodiceIva") {
+        return "CI";
+    }
     return ultima >= '1' && ultima <= '9' ? ultima + colonna.substr(0, colonna.size() - 1) : colonna + "=";
 }
 
@@ -97,7 +104,7 @@ private:
 bool dice(const std::string& stampato, const std::string& atteso)
 {
     static const std::string puntini = "…";
-    if (stampato.size() > puntini.size() && stampato.ends_with(puntini)) {
+    if (stampato.size() > puntini.size() + 1 && stampato.ends_with(puntini)) {
         return atteso.starts_with(stampato.substr(0, stampato.size() - puntini.size()));
     }
     return stampato == atteso;

@@ -161,6 +161,20 @@ TEST_F(Stampe, aQuotationHasItsOwnTableAndTitle)
     EXPECT_EQ(detailText(page, 0, "CodiceArticolo"), "");
 }
 
+TEST_F(Stampe, anAddressHasNoHoleWhereTheNameHasOneLine)
+{
+    testata("Proforma", 5, 9);
+    const auto posto = [&](const char* controllo) {
+        return PreparaFatturaProforma(sessione, 9, 1).report["H"][controllo].top;
+    };
+    const int indirizzo = posto("Text18");
+    const int citta = posto("Text21");
+    esegui("UPDATE Clienti SET ClienteSecondaRiga = '' WHERE IDCliente = 7");
+    EXPECT_EQ(posto("Text18"), posto("Text12"));
+    EXPECT_EQ(posto("Text21"), indirizzo);
+    EXPECT_GT(citta, indirizzo);
+}
+
 TEST_F(Stampe, aDocumentThatIsNotThereFails)
 {
     testata("Bolle", 1, 12);  // without rows

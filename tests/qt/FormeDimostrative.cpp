@@ -343,8 +343,7 @@ void FormaControlli::riempi()
     lvwVuota.setColumns({{"Descrizione", "", 3000}});
     lvwVuota.emptyText = "Nessun documento";
     lvwVuota.lines = 5;
-    tabella = Recordset::declare("SHAPE APPEND New adVarChar(10) As Codice, New adVarChar(40) As Descrizione, "
-                                 "New adVarChar(10) As Aliquota");
+    tabella = Recordset::declare(DeclaredSet{{{"Codice"}, {"Descrizione"}, {"Aliquota"}}, {}});
     for (const auto& [codice, descrizione, aliquota] :
          {std::tuple{"A", "Ordinaria", "20"}, std::tuple{"B", "Ridotta", "10"}, std::tuple{"E", "Esente", "0"}}) {
         tabella.addNew();

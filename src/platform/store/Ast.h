@@ -31,7 +31,6 @@ enum class ExprKind : std::uint8_t {
     between,
     isNull,
     call,
-    subquery,
     related  // the key of a parent row, bound when a child set is read
 };
 
@@ -46,7 +45,6 @@ struct Expr {
     std::string_view table;  // of a column, as written; empty when bare
     std::string_view name;   // of a column or a function
     std::vector<std::unique_ptr<Expr>> operands;
-    std::unique_ptr<Select> select;
 
     // --- found by the translator
     FieldType type = FieldType::text;
@@ -95,7 +93,6 @@ struct Select {
     FromPtr from;
     ExprPtr where;
     std::vector<ExprPtr> groupBy;
-    ExprPtr having;
     std::vector<OrderItem> orderBy;
     Scope* scope = nullptr;  // made by the translator
 };

@@ -36,9 +36,6 @@ bool StatementWriter::refersOnlyTo(const Expr& e, std::size_t source)
     if (e.kind == ExprKind::column && e.source != source) {
         return false;
     }
-    if (e.select) {
-        return false;
-    }
     for (const ExprPtr& operand : e.operands) {
         if (!refersOnlyTo(*operand, source)) {
             return false;

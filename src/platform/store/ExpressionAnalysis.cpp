@@ -36,9 +36,6 @@ void ExpressionWriter::analyse(Expr& e, const Scope& scope)
         analyse(*operand, scope);
     }
     inAggregate_ = around;
-    if (e.select) {
-        analyseSelect(*e.select, &scope);
-    }
     switch (e.kind) {
     case ExprKind::literal:
         e.type = literalType(literalOf(e));
@@ -69,21 +66,6 @@ void ExpressionWriter::analyse(Expr& e, const Scope& scope)
     case ExprKind::call:
         analyseCall(e);
         break;
-    case ExprKind::subquery: {
-        const Expr* item = e.select->items.size() == 1 ? e.select->items.front().expr.get() : nullptr;
-        if (item == nullptr) {
-            fail(3075, e.position, "attesa una sola colonna");
-        }
-        // A sub-select hands over what a result does: rounded amounts.
-        e.type = item->type;
-        break;
-    }
-    case ExprKind::in:
-        if (e.select && (e.select->items.size() != 1 || !e.select->items.front().expr)) {
-            fail(3075, e.position, "attesa una sola colonna");
-        }
-        e.type = FieldType::yesNo;
-        break;
     default:
         e.type = FieldType::yesNo;
         break;
@@ -104,16 +86,6 @@ void ExpressionWriter::analyseArithmetic(Expr& e) const
     if (isNull(a) || isNull(b)) {
         e.type = isNull(a) ? b.type : a.type;
         e.exact = isMoney(a) || isMoney(b);
-        return;
-    }
-    const bool dates = a.type == FieldType::date || b.type == FieldType::date;
-    if (dates) {
-        const bool difference = a.type == FieldType::date && b.type == FieldType::date && e.symbol == '-';
-        const bool shift = a.type == FieldType::date && isWhole(b) && (e.symbol == '-' || e.symbol == '+');
-        if (!difference && !shift) {
-            fail(3464, e.position, "una data non si calcola così");
-        }
-        e.type = difference ? FieldType::longInt : FieldType::date;
         return;
     }
     if (!isNumber(a) || !isNumber(b)) {
@@ -137,7 +109,7 @@ void ExpressionWriter::analyseCall(Expr& e)
         fail(3075, e.position, "la funzione non è conosciuta");
     }
     const bool countAll = e.star && f->id == FunctionId::count;
-    if ((e.star && !countAll) || (!e.star && (e.operands.size() < f->least || e.operands.size() > f->most))) {
+    if ((e.star && !countAll) || (!e.star && e.operands.size() != f->arguments)) {
         fail(3075, e.position, "numero di argomenti non valido");
     }
     if (inAggregate_ && f->id <= FunctionId::count) {
@@ -152,21 +124,14 @@ void ExpressionWriter::analyseCall(Expr& e)
         e.type = first->type;
         break;
     case FunctionId::sum:
-    case FunctionId::avg:
-    case FunctionId::abs:
         if (!isNumber(*first)) {
             fail(3464, e.position, "la funzione vuole un numero");
         }
-        e.exact = isMoney(*first) && (f->id == FunctionId::avg || first->exact);
-        e.type = f->id == FunctionId::avg && !isMoney(*first) ? FieldType::dbl : first->type;
-        break;
-    case FunctionId::iif:
-        needCondition(*first);
-        e.type = isNull(*e.operands[1]) ? e.operands[2]->type : e.operands[1]->type;
+        e.exact = first->exact;
+        e.type = first->type;
         break;
     case FunctionId::month:
     case FunctionId::year:
-    case FunctionId::day:
         if (first->type != FieldType::date && !isLiteral(*first) && !isNull(*first)) {
             fail(3464, e.position, "la funzione vuole una data");
         }

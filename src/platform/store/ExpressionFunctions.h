@@ -7,33 +7,13 @@
 
 namespace bravona {
 
-enum class FunctionId : std::uint8_t {
-    max,
-    min,
-    sum,
-    avg,
-    count,
-    month,
-    year,
-    day,
-    format,
-    abs,
-    iif,
-    len,
-    upper,
-    lower,
-    trim,
-    left,
-    right,
-    mid
-};
+enum class FunctionId : std::uint8_t { max, min, sum, count, month, year, format };
 
 // A function of the dialect.
 struct ExpressionFunction {
     std::string_view name;
     FunctionId id;
-    std::size_t least;  // arguments
-    std::size_t most;
+    std::size_t arguments;
     FieldType result;         // where it does not follow from the arguments
     std::string_view engine;  // how the engine calls it
 };

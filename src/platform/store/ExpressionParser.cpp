@@ -112,13 +112,9 @@ ExprPtr ExpressionParser::list(ExprPtr left)
     ExprPtr e = node(ExprKind::in, take().start);
     e->operands.push_back(std::move(left));
     needSymbol('(', "attesa una parentesi dopo IN");
-    if (takeWord("select")) {
-        e->select = select();
-    } else {
-        do {
-            e->operands.push_back(sum());
-        } while (takeSymbol(','));
-    }
+    do {
+        e->operands.push_back(sum());
+    } while (takeSymbol(','));
     needSymbol(')', "attesa una parentesi chiusa");
     return e;
 }
@@ -179,14 +175,7 @@ ExprPtr ExpressionParser::primary()
     }
     if (isSymbol('(')) {
         take();
-        ExprPtr e;
-        if (isWord("select")) {
-            const Depth depth(*this);
-            e = node(ExprKind::subquery, take().start);
-            e->select = select();
-        } else {
-            e = expression();
-        }
+        ExprPtr e = expression();
         needSymbol(')', "attesa una parentesi chiusa");
         return e;
     }

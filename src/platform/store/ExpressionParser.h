@@ -14,8 +14,6 @@ protected:
     ~ExpressionParser() = default;
 
     ExprPtr expression();
-    // A sub-select, behind its first word.
-    virtual std::unique_ptr<Select> select() = 0;
 
 private:
     static ExprPtr node(ExprKind kind, std::size_t position, char symbol = 0);

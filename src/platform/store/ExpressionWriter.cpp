@@ -120,11 +120,6 @@ void ExpressionWriter::put(const Expr& e)
     case ExprKind::call:
         putCall(e);
         break;
-    case ExprKind::subquery:
-        write("(");
-        putSelect(*e.select, true);
-        write(")");
-        break;
     case ExprKind::related:
         out_.params.push_back(Param{0, false, Bind::related});
         write("?");
@@ -290,38 +285,24 @@ void ExpressionWriter::putIn(const Expr& e)
 {
     const Expr& left = *e.operands[0];
     write(e.negated ? "(NOT (" : "(");
-    if (e.select) {
-        const Expr& item = *e.select->items.front().expr;
-        const auto family = [](const Expr& x) {
-            return isMoney(x) ? 1 : (isNumber(x) ? 2 : (x.type == FieldType::text ? 3 : 4));
-        };
-        if (family(left) != family(item) || left.exact) {
-            fail(3464, e.position, "tipi diversi nel confronto");
-        }
+    bool list = !isLiteral(left) && !isNull(left);
+    for (std::size_t i = 1; i < e.operands.size(); ++i) {
+        list = list && fitsList(*e.operands[i], left);
+    }
+    if (list) {
         putCollated(left);
         write(" IN (");
-        putSelect(*e.select, true);
-        write(")");
-    } else {
-        bool list = !isLiteral(left) && !isNull(left);
-        for (std::size_t i = 1; i < e.operands.size(); ++i) {
-            list = list && fitsList(*e.operands[i], left);
-        }
-        if (list) {
-            putCollated(left);
-            write(" IN (");
-        }
-        for (std::size_t i = 1; i < e.operands.size(); ++i) {
-            if (list) {
-                write(i > 1 ? ", " : "");
-                putComparedLiteral(*e.operands[i], left, '=');
-            } else {
-                write(i > 1 ? " OR " : "");
-                putComparison(left, '=', *e.operands[i], e.position);
-            }
-        }
-        write(list ? ")" : "");
     }
+    for (std::size_t i = 1; i < e.operands.size(); ++i) {
+        if (list) {
+            write(i > 1 ? ", " : "");
+            putComparedLiteral(*e.operands[i], left, '=');
+        } else {
+            write(i > 1 ? " OR " : "");
+            putComparison(left, '=', *e.operands[i], e.position);
+        }
+    }
+    write(list ? ")" : "");
     write(e.negated ? "))" : ")");
 }
 

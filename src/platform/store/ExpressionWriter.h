@@ -17,7 +17,7 @@ public:
           catalogue_(catalogue),
           out_(out)
     {}
-    virtual ~ExpressionWriter() = default;
+    ~ExpressionWriter() = default;
     ExpressionWriter(const ExpressionWriter&) = delete;
     ExpressionWriter& operator=(const ExpressionWriter&) = delete;
 
@@ -29,10 +29,6 @@ public:
     void putOutput(const Expr& e);                    // as a column of a result
     void putSorted(const Expr& e);                    // in ORDER BY, GROUP BY
     void write(std::string_view text) { out_.sql += text; }
-
-    // A sub-select, told by the statement writer.
-    virtual void analyseSelect(Select& select, const Scope* outer) = 0;
-    virtual void putSelect(const Select& select, bool asSubquery) = 0;
 
 protected:
     [[noreturn]] void fail(std::uint32_t number, std::size_t position, std::string_view what) const
@@ -55,7 +51,6 @@ private:
     void putArithmetic(const Expr& e);
     void putChain(const Expr& e, std::string_view word);
     void putCall(const Expr& e);
-    void putAggregate(const Expr& e, const ExpressionFunction& f);
     void putLike(const Expr& e);
     void putIn(const Expr& e);
     void putText(const Expr& e);  // whatever it is, as a text

@@ -180,10 +180,6 @@ std::int64_t year(int, Arguments a)
 {
     return dateOf(a[0]).year();
 }
-std::int64_t day(int, Arguments a)
-{
-    return dateOf(a[0]).day();
-}
 
 // --- texts
 
@@ -213,39 +209,6 @@ std::string asText(int, Arguments a)
 std::string formatted(int, Arguments a)
 {
     return format(valueOf(a[0], static_cast<FieldType>(sqlite3_value_int(a[2]))), textOf(a[1]));
-}
-std::string upperText(int, Arguments a)
-{
-    return upper(textOf(a[0]));
-}
-std::string lowerText(int, Arguments a)
-{
-    return lower(textOf(a[0]));
-}
-std::string trimmed(int, Arguments a)
-{
-    return trim(textOf(a[0]));
-}
-
-std::size_t countOf(sqlite3_value* v, std::int64_t least)
-{
-    const std::int64_t n = sqlite3_value_int64(v);
-    if (n < least) {
-        throw Errore(5, "Argomento non valido");
-    }
-    return static_cast<std::size_t>(n);
-}
-std::string leftText(int, Arguments a)
-{
-    return left(textOf(a[0]), countOf(a[1], 0));
-}
-std::string rightText(int, Arguments a)
-{
-    return right(textOf(a[0]), countOf(a[1], 0));
-}
-std::string midText(int count, Arguments a)
-{
-    return mid(textOf(a[0]), countOf(a[1], 1), count > 2 ? countOf(a[2], 0) : std::string::npos);
 }
 
 void like(sqlite3_context* c, int, Arguments a) noexcept
@@ -356,16 +319,8 @@ void registerFunctions(sqlite3* db)
     add(db, "bv_whole", 2, function<whole>);
     add(db, "bv_month", 1, function<month>);
     add(db, "bv_year", 1, function<year>);
-    add(db, "bv_day", 1, function<day>);
     add(db, "bv_text", 2, function<asText>);
     add(db, "bv_format", 3, function<formatted>);
-    add(db, "bv_upper", 1, function<upperText>);
-    add(db, "bv_lower", 1, function<lowerText>);
-    add(db, "bv_trim", 1, function<trimmed>);
-    add(db, "bv_left", 2, function<leftText>);
-    add(db, "bv_right", 2, function<rightText>);
-    add(db, "bv_mid", 2, function<midText>);
-    add(db, "bv_mid", 3, function<midText>);
     add(db, "bv_like", 2, like);
     check(sqlite3_create_function_v2(db, "bv_sum", 1, SQLITE_UTF8, nullptr, nullptr, sumStep, sumEnd, nullptr), db);
 }

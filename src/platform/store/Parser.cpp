@@ -90,7 +90,7 @@ private:
     }
 
     // --- statements
-    std::unique_ptr<Select> select() override
+    std::unique_ptr<Select> select()
     {
         const Depth depth(*this);
         auto s = std::make_unique<Select>();
@@ -119,12 +119,6 @@ private:
             do {
                 s->groupBy.push_back(notPositional(expression()));
             } while (takeSymbol(','));
-        }
-        if (isWord("having") && s->groupBy.empty()) {
-            fail("HAVING vuole GROUP BY");
-        }
-        if (takeWord("having")) {
-            s->having = expression();
         }
         if (isWord("order")) {
             take();

@@ -89,9 +89,6 @@ public:
 
     // A disconnected set, empty, to which the program adds rows. Errore 3450 for a relation over an unknown column.
     static Recordset declare(const DeclaredSet& declared);
-    // The same from a shape text: "SHAPE APPEND New adVarChar(10) As A, New adVarChar(255) As [B.C], ((SHAPE APPEND New
-    // adVarChar(10) As A, …) RELATE A to A) As Child". Errore 3450 tells where a text is not understood.
-    static Recordset declare(std::string_view shapeText);
 
     [[nodiscard]] bool isOpen() const;
     void close();

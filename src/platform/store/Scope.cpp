@@ -86,16 +86,13 @@ void addSources(const From& from, Catalogue& catalogue, const Tokens& tokens, Sc
 
 void resolveColumn(Expr& e, const Scope& scope, const Tokens& tokens)
 {
-    for (const Scope* s = &scope; s != nullptr; s = s->outer) {
-        if (e.table.empty() ? findBare(e, *s, e.name, tokens) : findQualified(e, *s, e.table, e.name)) {
-            return;
-        }
-        // Brackets only quote: a name with a point in them is a qualified one.
-        const std::size_t point = e.table.empty() ? e.name.find('.') : std::string_view::npos;
-        if (point != std::string_view::npos &&
-            findQualified(e, *s, e.name.substr(0, point), e.name.substr(point + 1))) {
-            return;
-        }
+    if (e.table.empty() ? findBare(e, scope, e.name, tokens) : findQualified(e, scope, e.table, e.name)) {
+        return;
+    }
+    // Brackets only quote: a name with a point in them is a qualified one.
+    const std::size_t point = e.table.empty() ? e.name.find('.') : std::string_view::npos;
+    if (point != std::string_view::npos && findQualified(e, scope, e.name.substr(0, point), e.name.substr(point + 1))) {
+        return;
     }
     throw statementError(3061, tokens.statement, e.position, "il nome non esiste");
 }

@@ -17,10 +17,9 @@ struct Source {
     std::string emitted;    // as the engine calls it, quoted
 };
 
-// The tables that a statement's names may refer to, and those of the statement around it.
+// The tables that a statement's names may refer to.
 struct Scope {
     std::vector<Source> sources;
-    const Scope* outer = nullptr;
     const Select* select = nullptr;  // whose aliases may be sorted by
 };
 

@@ -22,13 +22,13 @@ void StatementWriter::select(Select& s, const TranslateOptions& options)
     if (!options.relatedColumn.empty()) {
         restrict(s, options.relatedColumn);
     }
-    analyseSelect(s, nullptr);
+    analyseSelect(s);
     out_.updatable = options.updatable && isUpdatable(s);
     if (out_.updatable) {
         out_.table = s.scope->sources.front().table->name;
     }
     out_.columns = std::make_shared<const ColumnSet>(columnsOf(s));
-    putSelect(s, false);
+    putSelect(s);
 }
 
 void StatementWriter::restrict(Select& s, std::string_view column)
@@ -56,10 +56,9 @@ void StatementWriter::restrict(Select& s, std::string_view column)
     s.where = both(std::move(s.where), std::move(equal));
 }
 
-void StatementWriter::analyseSelect(Select& s, const Scope* outer)
+void StatementWriter::analyseSelect(Select& s)
 {
     Scope& scope = newScope();
-    scope.outer = outer;
     s.scope = &scope;
     if (s.from) {
         addSources(*s.from, catalogue_, tokens_, scope);
@@ -74,9 +73,6 @@ void StatementWriter::analyseSelect(Select& s, const Scope* outer)
     }
     for (const ExprPtr& e : s.groupBy) {
         analyseRow(*e, scope);
-    }
-    if (s.having) {
-        analyse(*s.having, scope);
     }
     orderBy(s, scope);
 }
@@ -176,7 +172,7 @@ bool StatementWriter::isUpdatable(const Select& s)
 // Whether each row of the result comes from a row of its tables.
 bool StatementWriter::isOfRows(const Select& s)
 {
-    if (!s.from || s.distinct || !s.groupBy.empty() || s.having) {
+    if (!s.from || s.distinct || !s.groupBy.empty()) {
         return false;
     }
     for (const SelectItem& item : s.items) {
@@ -230,13 +226,13 @@ std::vector<ColumnInfo> StatementWriter::columnsOf(const Select& s) const
     return columns;
 }
 
-void StatementWriter::putSelect(const Select& s, bool asSubquery)
+void StatementWriter::putSelect(const Select& s)
 {
     write("SELECT ");
     if (s.distinct) {
         write("DISTINCT ");
     }
-    if (out_.updatable && !asSubquery) {
+    if (out_.updatable) {
         write(s.scope->sources.front().emitted);
         write(".rowid, ");
     }
@@ -255,18 +251,14 @@ void StatementWriter::putSelect(const Select& s, bool asSubquery)
         write(i == 0 ? " GROUP BY " : ", ");
         putSorted(*s.groupBy[i]);
     }
-    if (s.having) {
-        write(" HAVING ");
-        put(*s.having);
-    }
-    putOrder(s, asSubquery);
+    putOrder(s);
     if (s.hasTop) {
         out_.params.push_back(Param{s.top, false, Bind::whole});
         write(" LIMIT ?");
     }
 }
 
-void StatementWriter::putOrder(const Select& s, bool asSubquery)
+void StatementWriter::putOrder(const Select& s)
 {
     for (std::size_t i = 0; i < s.orderBy.size(); ++i) {
         write(i == 0 ? " ORDER BY " : ", ");
@@ -276,7 +268,7 @@ void StatementWriter::putOrder(const Select& s, bool asSubquery)
         }
     }
     // Rows that the statement leaves in no order come in that of their keys, whichever index the engine reads.
-    if (asSubquery || !isOfRows(s)) {
+    if (!isOfRows(s)) {
         return;
     }
     bool first = s.orderBy.empty();

@@ -20,11 +20,10 @@ public:
     void remove(Statement& s);
     void insert(Statement& s);
 
-    void analyseSelect(Select& select, const Scope* outer) override;
-    void putSelect(const Select& select, bool asSubquery) override;
-
 private:
     Scope& newScope() { return *scopes_.emplace_back(std::make_unique<Scope>()); }
+    void analyseSelect(Select& select);
+    void putSelect(const Select& select);
     void restrict(Select& s, std::string_view column);
     void expandStars(Select& s, const Scope& scope);
     void analyseOn(From& from, const Scope& scope);
@@ -34,7 +33,7 @@ private:
     void analyseRow(Expr& e, const Scope& scope);  // what is taken from single rows
     static bool isUpdatable(const Select& s);
     static bool isOfRows(const Select& s);
-    void putOrder(const Select& s, bool asSubquery);
+    void putOrder(const Select& s);
     [[nodiscard]] std::vector<ColumnInfo> columnsOf(const Select& s) const;
     void orderBy(Select& s, const Scope& scope);
 

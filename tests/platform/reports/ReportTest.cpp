@@ -12,8 +12,7 @@ const Date oggi = *Date::parse("15/01/2004");
 
 Recordset lista(int righe)
 {
-    Recordset dati =
-        Recordset::declare("SHAPE APPEND New adVarChar(255) As Nome,New adVarChar(255) As [Clienti.Prezzo]");
+    Recordset dati = Recordset::declare(DeclaredSet{{{"Nome"}, {"Clienti.Prezzo"}}, {}});
     for (int i = 1; i <= righe; ++i) {
         dati.addNew();
         dati["Nome"] = "riga " + std::to_string(i);
@@ -28,9 +27,8 @@ Recordset lista(int righe)
 
 Recordset gruppi(int gruppi, int righe)
 {
-    Recordset dati = Recordset::declare("SHAPE APPEND  New adVarChar(10) As IDdb,New adVarChar(255) As Titolo,"
-                                        "((SHAPE APPEND New adVarChar(10) As IDdb,  New adVarChar(255) As [Testo]) "
-                                        "RELATE IDdb to IDdb) As Child");
+    Recordset dati = Recordset::declare(
+        DeclaredSet{{{"IDdb"}, {"Titolo"}}, {{"Child", "IDdb", "IDdb", {{{"IDdb"}, {"Testo"}}, {}}}}});
     for (int g = 1; g <= gruppi; ++g) {
         dati.addNew();
         dati["IDdb"] = std::to_string(g);

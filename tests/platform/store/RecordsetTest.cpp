@@ -293,11 +293,11 @@ TEST_F(InsiemeDiRecord, UnSetGerarchicoDaIFigliDiOgniPadre)
 TEST_F(InsiemeDiRecord, UnTestoDiFormaSbagliatoDiceDove)
 {
     try {
-        Recordset::declare("SHAPE APPEND New adVarChar(10) As A, New adBlob As B");
+        archivio.cn.open("SHAPE {SELECT IDfattura FROM Fatture} APPEND {SELECT * FROM Scadenzario}");
         FAIL();
     } catch (const Errore& e) {
         EXPECT_EQ(e.numero(), 3450U);
-        EXPECT_NE(e.descrizione().find("carattere 42"), std::string::npos) << e.descrizione();
+        EXPECT_NE(e.descrizione().find("carattere 46"), std::string::npos) << e.descrizione();
     }
 }
 
@@ -316,10 +316,9 @@ TEST(FormaDichiarata, UnaRelazioneSuUnaColonnaCheNonCeFallisce)
 
 TEST(FormaDichiarata, IFigliRestanoColLoroPadreEITestiSonoTagliati)
 {
-    Recordset rs = Recordset::declare(
-        "SHAPE APPEND  New adVarChar(10) As IDdb,New adVarChar(5) As NumeroDoc, New adVarChar(255) As "
-        "[Clienti.Indirizzo],((SHAPE APPEND New adVarChar(10) As IDdb,  New adVarChar(255) As [CodiceArticolo]) RELATE "
-        "IDdb to IDdb) As Child");
+    Recordset rs =
+        Recordset::declare(DeclaredSet{{{"IDdb", 10}, {"NumeroDoc", 5}, {"Clienti.Indirizzo"}},
+                                       {{"Child", "IDdb", "IDdb", {{{"IDdb", 10}, {"CodiceArticolo"}}, {}}}}});
     EXPECT_TRUE(rs.eof());
     for (const std::string pagina : {"1", "2"}) {
         rs.addNew();
