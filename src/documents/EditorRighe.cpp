@@ -23,7 +23,7 @@ constexpr const char* troppiCodici =
 
 EditorRighe::EditorRighe(Sessione& sessione, RegoleRighe regole, Forma forma)
     : campi(sessione, std::move(forma.campi)),
-      griglia(std::move(forma.colonne)),
+      griglia(std::move(forma.colonne), forma.chiavi),
       totali(sessione, forma.gruppi),
       sessione_(sessione),
       regole_(std::move(regole))
@@ -36,7 +36,7 @@ EditorRighe::EditorRighe(Sessione& sessione, RegoleRighe regole, Forma forma)
         cmdDettagli[static_cast<std::size_t>(i)].onClick = [this, i] { comando(i); };
     griglia.lvwDettagli.onDblClick = [this] {
         if (!inModifica() && cmdDettagli[comandoModifica].effectivelyEnabled())
-            ModificaDettaglio();
+            comando(comandoModifica);
     };
     griglia.lvwDettagli.onKeyDown = [this](KeyEvent& evento) { tastoElenco(evento); };
     campi.versoElenco = [this] {

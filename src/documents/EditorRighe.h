@@ -40,6 +40,7 @@ public:
     struct Forma {
         RegoleCampi campi;
         ColonneGriglia colonne = colonneVendita();
+        ChiaviRighe chiavi = ChiaviRighe::vendita;
         clsCalcoli::Gruppi gruppi = clsCalcoli::Gruppi::perCodice;
     };
     EditorRighe(Sessione& sessione, RegoleRighe regole, Forma forma);

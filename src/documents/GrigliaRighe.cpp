@@ -6,16 +6,7 @@
 
 namespace bravona {
 
-namespace {
-
-const char* lettera(const RigaDocumento& riga)
-{
-    return riga.commento() ? "c" : "r";
-}
-
-}  // namespace
-
-GrigliaRighe::GrigliaRighe(ColonneGriglia colonne) : colonne_(std::move(colonne))
+GrigliaRighe::GrigliaRighe(ColonneGriglia colonne, ChiaviRighe chiavi) : colonne_(std::move(colonne)), chiavi_(chiavi)
 {
     add("lvwDettagli", lvwDettagli);
     lvwDettagli.setColumns(intestazioni(colonne_));
@@ -28,7 +19,7 @@ void GrigliaRighe::mostra(std::span<const RigaDocumento> righe)
     disegnate.reserve(righe_.size());
     for (const RigaDocumento& riga : righe_) {
         ultimaChiave_ = std::max<std::int64_t>(ultimaChiave_, riga.IDRiga);
-        disegnate.push_back(disegna(colonne_, riga, std::to_string(riga.IDRiga) + lettera(riga)));
+        disegnate.push_back(disegna(colonne_, riga, chiaveRiga(chiavi_, std::to_string(riga.IDRiga), riga)));
     }
     lvwDettagli.clear();
     lvwDettagli.append(std::move(disegnate));
@@ -38,7 +29,7 @@ void GrigliaRighe::aggiungi(const RigaDocumento& riga, bool ritenta)
 {
     for (;;) {
         try {
-            lvwDettagli.add(disegna(colonne_, riga, NuovaChiaveRiga() + lettera(riga)));
+            lvwDettagli.add(disegna(colonne_, riga, chiaveRiga(chiavi_, NuovaChiaveRiga(), riga)));
             break;
         } catch (const Errore& errore) {
             if (errore.numero() != errori::chiaveGiaInElenco || !ritenta)

@@ -14,7 +14,7 @@ namespace bravona {
 // The rows of the document on the screen, as values, and the list that is drawn from them. Positions from 0.
 class GrigliaRighe final : public ControlGroup {
 public:
-    explicit GrigliaRighe(ColonneGriglia colonne);
+    GrigliaRighe(ColonneGriglia colonne, ChiaviRighe chiavi);
 
     ListView lvwDettagli;
 
@@ -34,6 +34,7 @@ public:
 private:
     void scegli(std::size_t posizione);
     ColonneGriglia colonne_;
+    ChiaviRighe chiavi_;
     std::vector<RigaDocumento> righe_;
     std::int64_t ultimaChiave_ = 0;
 };

@@ -103,6 +103,13 @@ ColonneGriglia colonneCarico()
         codiceIva()};
 }
 
+std::string chiaveRiga(ChiaviRighe chiavi, const std::string& numero, const RigaDocumento& riga)
+{
+    if (chiavi == ChiaviRighe::carico)
+        return "r" + numero;
+    return numero + (riga.commento() ? "c" : "r");
+}
+
 std::vector<ListColumn> intestazioni(const ColonneGriglia& colonne)
 {
     std::vector<ListColumn> titoli;

@@ -17,6 +17,10 @@ struct ColonnaGriglia {
 };
 using ColonneGriglia = std::vector<ColonnaGriglia>;
 
+// What a row's key is made of: "12r", "13c" for a comment; on goods received "r12" for every row.
+enum class ChiaviRighe { vendita, carico };
+[[nodiscard]] std::string chiaveRiga(ChiaviRighe chiavi, const std::string& numero, const RigaDocumento& riga);
+
 // Of the documents of a sale (ImpostaColonneRighe). Tags: of the row its IDArticolo, of the description the unit of
 // measure, of the VAT code its id.
 [[nodiscard]] ColonneGriglia colonneVendita();

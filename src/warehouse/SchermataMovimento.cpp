@@ -41,6 +41,7 @@ SchermataMovimento::SchermataMovimento(Sessione& sessione, const char* nome, con
                        .titoloRicerca = "Movimenti di carico",
                        .controllo = RegoleCampi::Controllo::carico},
              .colonne = colonneCarico(),
+             .chiavi = ChiaviRighe::carico,
              .gruppi = clsCalcoli::Gruppi::unico}),
       cmdDocumento{Button{comando}, Button{chiusura}},
       sessione_(sessione)

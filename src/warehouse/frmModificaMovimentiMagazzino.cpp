@@ -34,14 +34,13 @@ bool frmModificaMovimentiMagazzino::CaricaMovimento(std::int32_t idMovimenti)
     desktop().load(*this);
     if (!abbandona())
         return false;
-    idMovimenti_ = idMovimenti;
-    carica();
+    carica(idMovimenti);
     return true;
 }
 
-void frmModificaMovimentiMagazzino::carica()
+void frmModificaMovimentiMagazzino::carica(std::int32_t idMovimenti)
 {
-    vecchio_ = leggiMovimento(sessione().cn, idMovimenti_);
+    vecchio_ = leggiMovimento(sessione().cn, idMovimenti);
     mostra(vecchio_);
     impostaModo(Modo::lettura);
 }
@@ -74,7 +73,7 @@ bool frmModificaMovimentiMagazzino::abbandona()
 void frmModificaMovimentiMagazzino::annulla()
 {
     if (abbandona())
-        carica();
+        carica(vecchio_.IDMovimenti);
 }
 
 bool frmModificaMovimentiMagazzino::onQueryUnload(CloseCause)
@@ -84,26 +83,27 @@ bool frmModificaMovimentiMagazzino::onQueryUnload(CloseCause)
 
 void frmModificaMovimentiMagazzino::RegistraDocumento()
 {
-    if (!controllaDati())
-        return;
-    Movimento movimento = movimentoDaiCampi();
-    movimento.IDMovimenti = idMovimenti_;
     bool inTransazione = false;
     try {
-        Transaction transazione(sessione().cn);
+        if (!controllaDati())
+            return;
+        Movimento movimento = movimentoDaiCampi();
+        movimento.IDMovimenti = vecchio_.IDMovimenti;
         inTransazione = true;
+        Transaction transazione(sessione().cn);
         riscriviMovimento(sessione().cn, movimento, vecchio_.righe);
         transazione.commit();
+        vecchio_.NumeroDocumento = movimento.NumeroDocumento;
     } catch (const Errore& errore) {
         MostraOperazioneAnnullata(desktop(), errore, inTransazione, "Routine: RegistraDocumento",
                                   "Modulo: frmEmissioneDocumento");
         return;
     }
     desktop().inform("Modifica effettuata correttamente ", titoloEsitoMovimenti);
-    vecchio_ = leggiMovimento(sessione().cn, idMovimenti_);
+    // Not read back: what fails here must not leave a screen that moves the stock a second time.
     impostaModo(Modo::aggiornato);
     cmdDocumento[comandoChiudi].setFocus();
-    Annuncia(sessione(), "Carico aggiornato: documento n. " + std::to_string(movimento.NumeroDocumento));
+    Annuncia(sessione(), "Carico aggiornato: documento n. " + std::to_string(vecchio_.NumeroDocumento));
     if (cambiato)
         cambiato();
 }

@@ -11,7 +11,7 @@ public:
 
     // The receipt, read-only. False when the person keeps the one being changed. Errore 3021 when it is not there.
     bool CaricaMovimento(std::int32_t idMovimenti);
-    // After a change was stored or the screen closed.
+    // After a change was stored.
     std::function<void()> cambiato;
 
     void onLoad() override;
@@ -19,14 +19,13 @@ public:
 
 private:
     enum class Modo { lettura, modifica, aggiornato };
-    void carica();
+    void carica(std::int32_t idMovimenti);
     void modifica();
     void RegistraDocumento();
     void annulla();
     [[nodiscard]] bool abbandona();  // asks where something is being changed
     void impostaModo(Modo modo);
 
-    std::int32_t idMovimenti_ = 0;
     Movimento vecchio_;  // as it was loaded; rows are paired by their place
     Modo modo_ = Modo::lettura;
 };
