@@ -45,7 +45,7 @@ ColonnaGriglia quantita()
 
 ColonnaGriglia prezzo()
 {
-    return {{"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right}, [](const RigaDocumento& riga) {
+    return {{"Prezzo", "cPrezzo", larghezzaPredefinita, Align::right, true}, [](const RigaDocumento& riga) {
                 return testo(riga.prezzoScritto.empty() ? FormattaImporto(riga.PrezzoUnitario) : riga.prezzoScritto);
             }};
 }
@@ -60,7 +60,7 @@ ColonnaGriglia sconto(const char* titolo, const char* chiave, std::size_t indice
 
 ColonnaGriglia totale()
 {
-    return {{"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right}, [](const RigaDocumento& riga) {
+    return {{"Totale", "cTotaleRiga", larghezzaPredefinita, Align::right, true}, [](const RigaDocumento& riga) {
                 return testo(riga.totaleScritto.empty() ? FormattaImporto(riga.TotaleRiga) : riga.totaleScritto);
             }};
 }

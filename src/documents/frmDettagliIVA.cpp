@@ -11,7 +11,7 @@ frmDettagliIVA::frmDettagliIVA(Sessione& sessione)
     lblTitolo.fixedPitch = true;
     txtDettagli.fixedPitch = true;
     txtDettagli.multiLine = true;
-    txtDettagli.lines = 6;
+    txtDettagli.lines = 7;  // five groups, the end of the last and no scroll bar
     txtDettagli.setLocked(true);
     txtDettagli.selectOnFocus = false;
     txtDettagli.setAccessibleName("Dettagli IVA");

@@ -97,6 +97,7 @@ void SchedaArticolo::preparaCaselle()
         const bool cifra = i >= primaDelMagazzino && !diData(i);
         txtArticolo[i].width = i >= primaDelMagazzino ? 14 : 24;
         txtArticolo[i].align = cifra ? Align::right : Align::left;
+        txtArticolo[i].numeric = cifra;
         txtArticolo[i].grows = i >= descrizione && i < primaDelMagazzino;
     }
     txtArticolo[codice].onKeyPress = filtraTasti(inMaiuscolo, ValidaCodiceArticolo);

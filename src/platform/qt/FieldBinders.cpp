@@ -10,6 +10,7 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/TextBinders.h"
 #include "platform/qt/Theme.h"
 
 namespace bravona {
@@ -87,6 +88,9 @@ LabelBinder::LabelBinder(FormWindow& window, Label& label, QWidget* parent)
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(label.wrap);
     label_->setFont(theme::font(label_->font(), label.style, label.fixedPitch));
+    if (label.fixedPitch) {
+        label_->setIndent(EntryText::inset(*label_));  // its characters stand above those of the text below it
+    }
     label_->mark = label.mark;
     label_->cut = label.sunken && !label.wrap;
     if (label.sunken) {

@@ -108,9 +108,7 @@ void FormWindow::savePlace()
         return;  // nobody moved it
     }
     if (maximised) {
-        // At its first use it has no place yet but the program's own.
-        rect =
-            kept ? kept->rect : QRect(shell_->pos(), wantedSize().expandedTo({theme::pixels(800), theme::pixels(500)}));
+        rect = kept ? kept->rect : placedAt_;  // at its first use it has no place but the program's own
     }
     desktop_.places().setPlace(placeKey(), {rect, maximised});
 }

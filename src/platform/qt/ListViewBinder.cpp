@@ -148,9 +148,7 @@ void ListViewBinder::fitColumns()
     for (std::size_t i = 0; i < wanted_.size(); ++i) {
         int width = headingWidth(i);
         for (std::size_t row = 0; row < std::min(sample, c().rowCount()); ++row) {
-            if (i <= c().row(row).sub.size()) {
-                width = std::max(width, metrics.horizontalAdvance(oneLine(c().row(row).cell(i))) + padding);
-            }
+            width = std::max(width, metrics.horizontalAdvance(shownCell(c(), row, i)) + padding);
         }
         if (i == 0 && c().checkBoxes) {
             width += theme::pixels(24);

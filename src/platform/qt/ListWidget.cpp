@@ -13,10 +13,29 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Theme.h"
 #include "platform/text/Text.h"
+#include "platform/values/Errore.h"
+#include "platform/values/Numeri.h"
 
 namespace bravona {
 
 // --- model
+
+QString shownCell(const ListView& records, std::size_t row, std::size_t column)
+{
+    const ListRow& cells = records.row(row);
+    if (column > cells.sub.size()) {
+        return {};
+    }
+    const std::string& text = cells.cell(column);
+    if (column < records.columns().size() && records.columns()[column].amount) {
+        try {
+            return parseAmount(text) ? toQt(FormattaImporto(text)) : oneLine(text);
+        } catch (const Errore&) {
+            // too large an amount stands as it was written
+        }
+    }
+    return oneLine(text);
+}
 
 QVariant ListViewModel::data(const QModelIndex& index, int role) const
 {
@@ -28,7 +47,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const
     const auto column = static_cast<std::size_t>(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return column <= row.sub.size() ? oneLine(row.cell(column)) : QString();
+        return shownCell(*records, static_cast<std::size_t>(index.row()), column);
     case Qt::TextAlignmentRole:
         return column < records->columns().size() ? static_cast<int>(toQt(records->columns()[column].align))
                                                   : static_cast<int>(toQt(Align::left));

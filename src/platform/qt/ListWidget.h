@@ -9,6 +9,9 @@
 
 namespace bravona {
 
+// The cell as it is drawn, in one line; empty beyond the row's own cells.
+[[nodiscard]] QString shownCell(const ListView& records, std::size_t row, std::size_t column);
+
 class ListViewModel final : public RowsModel {
 public:
     std::function<const ListView*()> list;

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QStyle>
+#include <QTextDocument>
 #include <algorithm>
 #include <cmath>
 
@@ -68,6 +70,12 @@ void EntryLine::dropEvent(QDropEvent* event)
         pasted(event->mimeData()->text());
         event->acceptProposedAction();
     }
+}
+
+int EntryText::inset(const QWidget& beside)
+{
+    return beside.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &beside) +
+           static_cast<int>(QTextDocument().documentMargin());
 }
 
 QSize EntryText::sizeHint() const

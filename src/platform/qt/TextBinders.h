@@ -33,6 +33,7 @@ public:
     std::function<bool()> doubleClicked;
     int lines = 1;
     int characters = 20;
+    [[nodiscard]] static int inset(const QWidget& beside);  // pixels before the first character of a line
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -81,6 +81,7 @@ struct ListColumn {
     std::string key;
     int width = 1440;  // twips
     Align align = Align::left;
+    bool amount = false;  // its numbers are drawn in the one form of amounts, however the cells have them
 };
 
 struct SubItem {
