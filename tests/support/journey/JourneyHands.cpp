@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "documents/AperturaDocumento.h"
 #include "platform/text/Text.h"
 #include "support/journey/JourneyControls.h"
 #include "support/journey/JourneyRunner.h"
@@ -109,22 +108,6 @@ void JourneyRunner::front(const Step& step)
         throw Impossible(step.words[1].text + " is behind a modal window");
     }
     host_.front(*form);
-}
-
-// A stored document, by kind, number and register, on the screen that changes it: what its callers do.
-void JourneyRunner::modify(const Step& step)
-{
-    DocumentoDaAprire document;
-    document.TipoDocumento = static_cast<std::int16_t>(whole(step.words[1]));
-    document.NumeroDocumento = whole(step.words[2]);
-    document.NumeroRegistro = whole(step.words[3]);
-    document.AnnoDocumento = session_->clock.today().year();
-    Desktop& where = desktop();
-    where.guard([&] {
-        Form& screen = where.screens().get(schermataDiModifica(document.TipoDocumento));
-        dynamic_cast<ApreDocumento&>(screen).ApriDocumento(document);
-        screen.show();
-    });
 }
 
 void JourneyRunner::focus(const Step& step)

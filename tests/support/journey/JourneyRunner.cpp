@@ -19,7 +19,6 @@ const std::map<std::string, JourneyRunner::Action, std::less<>>& JourneyRunner::
         {"start", &R::start},
         {"menu", &R::menu},
         {"front", &R::front},
-        {"modify", &R::modify},
         {"focus", &R::focus},
         {"type", &R::type},
         {"key", &R::key},

@@ -61,7 +61,6 @@ private:
     // What the person does
     void menu(const Step& step);
     void front(const Step& step);
-    void modify(const Step& step);
     void focus(const Step& step);
     void type(const Step& step);
     void key(const Step& step);

@@ -74,7 +74,6 @@ const std::multimap<std::string, std::string, std::less<>>& shapes()
         {"restart", ""},
         {"menu", "w"},
         {"front", "w"},
-        {"modify", "n n n"},
         {"focus", "w"},
         {"type", "t"},
         {"type", "w t"},
