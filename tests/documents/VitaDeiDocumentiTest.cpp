@@ -446,7 +446,7 @@ private:
         const bool bolla = scelto->tipoDocumento == tipo::ddt;
         programma_.utente.click(schermata().optTipo[bolla ? 0 : 1]);
         schermata().registro.cmbRegistro.setListIndex(scelto->registro - 1);
-        schermata().txtNumeroDocumento.setText(std::to_string(scelto->numero));
+        schermata().campoNumero.txtNumeroDocumento.setText(std::to_string(scelto->numero));
         if (scelto->fattura == 0)
             programma_.utente.answer(MsgAnswer::yes);
         programma_.utente.click(schermata().cmdShow);
