@@ -199,10 +199,10 @@ std::int32_t creaRataLibera(Connection& cn, const std::string& anno, Date oggi)
 
 std::string assegnazione(int colonna, const std::string& testo, Date oggi)
 {
-    const auto importo = [&testo] { return testo.empty() ? "Null" : quoted(numberText(toCurrency(testo))); };
+    const auto importo = [&testo] { return testo.empty() ? "Null" : quotedText(numberText(toCurrency(testo))); };
     switch (colonna) {
     case colonne::pagata:
-        return "Saldato=" + quoted(testo);
+        return "Saldato=" + quotedText(testo);
     case colonne::scadenza:
         return "Scadenza=#" + (testo.empty() ? oggi : toDate(testo)).text() + "#";
     case colonne::avere:
@@ -212,7 +212,7 @@ std::string assegnazione(int colonna, const std::string& testo, Date oggi)
     case colonne::dataPagamento:
         return isDate(testo) ? "Data_Pagamento=#" + toDate(testo).text() + "#" : "Data_Pagamento= null";
     default:
-        return "Descrizione=" + (testo.empty() ? "Null" : quoted(testo));
+        return "Descrizione=" + (testo.empty() ? "Null" : quotedText(testo));
     }
 }
 

@@ -63,7 +63,7 @@ Esito clsTabellaCodiciIVA::scrivi(const std::string& istruzione, const Rifiuto& 
 Esito clsTabellaCodiciIVA::AddCodiceIVA(const std::string& codice, Currency aliquota, const std::string& descrizione)
 {
     return scrivi("INSERT INTO TabellaCodiciIVA (AliquotaIVA,CodiceIVA,Descrizione) VALUES (" +
-                      numeroIstruzione(aliquota) + "," + quoted(codice) + ", " + quoted(descrizione) + ")",
+                      numeroIstruzione(aliquota) + "," + quotedText(codice) + ", " + quotedText(descrizione) + ")",
                   {.numero = errori::chiaveDuplicata,
                    .messaggio = "Attenzione! Il codice indicato e gia' presente in archivio.",
                    .modulo = "Modulo: clsTabellaCodiciIva",
@@ -82,7 +82,7 @@ Esito clsTabellaCodiciIVA::RemoveAliquotaIVA(std::int32_t id)
 
 Esito clsTabellaCodiciIVA::SetDescrizioneAliquotaIVA(std::int32_t id, const std::string& descrizione)
 {
-    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione=" + quoted(descrizione) +
+    return scrivi("UPDATE TabellaCodiciIVA SET Descrizione=" + quotedText(descrizione) +
                       " WHERE IDCodiceIVA=" + std::to_string(id),
                   {.numero = errori::testoObbligatorioVuoto,
                    .messaggio = "Attenzione! Errore nella modifica. Non sono stati indicati i dati richiesti!",

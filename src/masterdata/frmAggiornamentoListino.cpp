@@ -142,7 +142,7 @@ std::string frmAggiornamentoListino::filtro() const
         return ordine;
     }
     const std::string campo = cmbFiltro.listIndex() == perCodice ? "CodiceMagazzino" : "DescrizionePrincipale";
-    return " AND " + campo + " LIKE " + quoted(txtFiltro.text()) + ordine;
+    return " AND " + campo + " LIKE " + quotedText(txtFiltro.text()) + ordine;
 }
 
 void frmAggiornamentoListino::CaricaListino()

@@ -57,9 +57,9 @@ bool frmRegistraCliente::giaPresente()
 {
     return sessione()
                .cn
-               .open("SELECT IDCliente FROM CLienti WHERE Cliente = " + quoted(txtAnagrafica[cliente].text()) +
-                     " AND Indirizzo = " + quoted(txtAnagrafica[indirizzo].text()) +
-                     " AND Citta = " + quoted(txtAnagrafica[citta].text()))
+               .open("SELECT IDCliente FROM CLienti WHERE Cliente = " + quotedText(txtAnagrafica[cliente].text()) +
+                     " AND Indirizzo = " + quotedText(txtAnagrafica[indirizzo].text()) +
+                     " AND Citta = " + quotedText(txtAnagrafica[citta].text()))
                .recordCount() > 0;
 }
 

@@ -57,8 +57,8 @@ bool frmRegistraComune::giaPresente()
     clsComuni comune(sessione_);
     campi.leggi(comune);
     return sessione_.cn
-               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = " + quoted(comune.Comune) +
-                     " AND Provincia = " + quoted(comune.Provincia) + " AND Cap = " + quoted(comune.Cap))
+               .open("SELECT IDCodiceComune FROM Comuni WHERE Comune = " + quotedText(comune.Comune) +
+                     " AND Provincia = " + quotedText(comune.Provincia) + " AND Cap = " + quotedText(comune.Cap))
                .recordCount() > 0;
 }
 

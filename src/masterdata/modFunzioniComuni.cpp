@@ -55,7 +55,7 @@ bool EsisteCodiceIva(Sessione& sessione, std::int32_t id)
 bool EsisteCodiceArticolo(Sessione& sessione, const std::string& codice, std::int32_t id)
 {
     std::string istruzione =
-        "SELECT IDArticolo, CodiceMagazzino FROM Articoli WHERE CodiceMagazzino=" + quoted(codice) + " ";
+        "SELECT IDArticolo, CodiceMagazzino FROM Articoli WHERE CodiceMagazzino=" + quotedText(codice) + " ";
     if (id != -1) {
         istruzione += " AND IDArticolo <> " + std::to_string(id);
     }

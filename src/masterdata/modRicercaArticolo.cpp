@@ -19,13 +19,13 @@ std::string filtro(CampoArticolo campo, const std::string& testo)
 {
     switch (campo) {
     case CampoArticolo::codice:
-        return "WHERE CodiceMagazzino LIKE " + quoted("%" + testo + "%");
+        return "WHERE CodiceMagazzino LIKE " + quotedText("%" + testo + "%");
     case CampoArticolo::codiceBarre:
-        return "WHERE CodiceBarreFornitore LIKE " + quoted(testo);
+        return "WHERE CodiceBarreFornitore LIKE " + quotedText(testo);
     case CampoArticolo::codiceFornitore:
-        return "WHERE CodiceFornitore LIKE " + quoted(testo);
+        return "WHERE CodiceFornitore LIKE " + quotedText(testo);
     case CampoArticolo::descrizione:
-        return "WHERE DescrizionePrincipale LIKE " + quoted("%" + testo + "%");
+        return "WHERE DescrizionePrincipale LIKE " + quotedText("%" + testo + "%");
     }
     throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
 }

@@ -27,12 +27,12 @@ std::string filtroAltroCampo(CampoAnagrafica campo, const std::string& testo)
     if (quale >= campi.size()) {
         throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
     }
-    return campi.at(quale) + (" LIKE " + quoted("%" + testo + "%"));
+    return campi.at(quale) + (" LIKE " + quotedText("%" + testo + "%"));
 }
 
 std::string filtroNome(const std::string& testo, const std::string& tipo)
 {
-    return "Cliente LIKE " + quoted(testo + "%") + " And Tipo LIKE '%" + tipo + "%'";
+    return "Cliente LIKE " + quotedText(testo + "%") + " And Tipo LIKE '%" + tipo + "%'";
 }
 
 // The other kind may have what this one has not.
@@ -61,7 +61,7 @@ std::int32_t RicercaClientiFornitori(Sessione& sessione, TabellaAnagrafica tabel
     if (campo != CampoAnagrafica::nome) {
         istruzione += filtroAltroCampo(campo, testo);
     } else if (fornitori) {
-        istruzione += "Fornitore LIKE " + quoted("%" + testo + "%");
+        istruzione += "Fornitore LIKE " + quotedText("%" + testo + "%");
     } else {
         istruzione += filtroNome(testo, sessione.TipoAnagraficaCorrente);
     }

@@ -15,11 +15,11 @@ std::string filtro(CampoComune campo, const std::string& testo)
 {
     switch (campo) {
     case CampoComune::comune:
-        return "Comune LIKE " + quoted(testo + "%");
+        return "Comune LIKE " + quotedText(testo + "%");
     case CampoComune::provincia:
-        return "Provincia LIKE " + quoted(testo + "%") + " ORDER BY PROVINCIA";
+        return "Provincia LIKE " + quotedText(testo + "%") + " ORDER BY PROVINCIA";
     case CampoComune::cap:
-        return "Cap LIKE " + quoted(testo + "%");
+        return "Cap LIKE " + quotedText(testo + "%");
     }
     throw Errore(errori::argomentoNonValido, "Campo di ricerca non valido");
 }

@@ -51,7 +51,7 @@ std::string InterrogazioneListino(const SceltaListino& scelta)
         "descrizioneListini.IDListino=" +
         std::to_string(scelta.listino);
     if (!scelta.campo.empty() && !scelta.filtro.empty()) {
-        testo += " AND Articoli." + scelta.campo + " LIKE " + quoted("*" + scelta.filtro + "*");
+        testo += " AND Articoli." + scelta.campo + " LIKE " + quotedText("*" + scelta.filtro + "*");
     }
     if (scelta.ordine == 0) {
         testo += " ORDER By Articoli.CodiceMagazzino";

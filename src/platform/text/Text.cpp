@@ -125,7 +125,7 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
     }
 }
 
-std::string quoted(std::string_view text)
+std::string quotedText(std::string_view text)
 {
     return "'" + replaceAll(text, "'", "''") + "'";
 }

@@ -22,7 +22,7 @@ std::string properName(std::string_view text);
 std::string nomeMese(int mese);  // Italian name of a month, 1 to 12, with a capital: "Gennaio"
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 // A text as it stands in a statement: between single quotes, every one in it twice. For everything that was typed.
-std::string quoted(std::string_view text);
+std::string quotedText(std::string_view text);
 std::vector<std::string> split(std::string_view text, char separator);  // one part more than separators
 
 // Italian order and equality without regard to case; accented letters differ from plain ones (è equals È, not e), which

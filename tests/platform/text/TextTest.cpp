@@ -51,7 +51,7 @@ TEST(Text, PlainPieces)
     EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
     EXPECT_EQ(replaceAll("a", "a", "aa"), "aa");
     EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
-    EXPECT_EQ(quoted("dell'Aquila d'oro"), "'dell''Aquila d''oro'");
+    EXPECT_EQ(quotedText("dell'Aquila d'oro"), "'dell''Aquila d''oro'");
     EXPECT_EQ(split("a;;b;", ';'), (std::vector<std::string>{"a", "", "b", ""}));
     EXPECT_EQ(split("", ';'), std::vector<std::string>{""});
 }

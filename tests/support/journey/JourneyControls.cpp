@@ -8,7 +8,7 @@ namespace bravona {
 
 namespace {
 
-std::string quoted(const std::string& text)
+std::string quotedText(const std::string& text)
 {
     return "\"" + text + "\"";
 }
@@ -79,7 +79,7 @@ Control& findControl(Desktop& desktop, const Word& name)
         found = findByCaption(form, comparable(name.text));
     }
     if (found == nullptr) {
-        throw Impossible("there is no " + (name.quoted ? quoted(name.text) : name.text) + " in " + form.name());
+        throw Impossible("there is no " + (name.quoted ? quotedText(name.text) : name.text) + " in " + form.name());
     }
     if (found->kind() == ControlKind::composite) {
         return static_cast<Composite*>(found)->mainPart();
@@ -173,7 +173,7 @@ std::size_t findRow(const Control& control, const Word& row, bool newRow)
             return at;
         }
     }
-    throw Impossible(control.fullName() + " has no row " + quoted(row.text));
+    throw Impossible(control.fullName() + " has no row " + quotedText(row.text));
 }
 
 std::string cellText(const Control& control, std::size_t row, std::size_t column)
