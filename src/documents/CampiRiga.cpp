@@ -268,12 +268,8 @@ bool CampiRiga::ControllaRiga()
         avverti("Attenzione! Quantita' articolo errata!", txtQuantita);
         return false;
     }
-    if (trim(txtPrezzo.text()).empty())
-        txtPrezzo.setText("0");
-    if (!isNumeric(trim(txtPrezzo.text()))) {
-        avverti("Attenzione! Prezzo articolo errato!", txtPrezzo);
+    if (!controllaPrezzo())
         return false;
-    }
     if (cmbIva.listIndex() < 0) {
         avverti("Attenzione! Codice iva non indicato!", cmbIva);
         return false;
@@ -284,6 +280,17 @@ bool CampiRiga::ControllaRiga()
         avverti(
             "Attenzione! Il codice iva scelto non puo' essere usato nei documenti: indicarne uno di una sola lettera!",
             cmbIva);
+        return false;
+    }
+    return true;
+}
+
+bool CampiRiga::controllaPrezzo()
+{
+    if (trim(txtPrezzo.text()).empty())
+        txtPrezzo.setText("0");
+    if (!isNumeric(trim(txtPrezzo.text()))) {
+        avverti("Attenzione! Prezzo articolo errato!", txtPrezzo);
         return false;
     }
     return true;
@@ -300,13 +307,7 @@ bool CampiRiga::controllaCarico()
         avverti("Attenzione! Quantita' articolo errata!", txtQuantita);
         return false;
     }
-    if (trim(txtPrezzo.text()).empty())
-        txtPrezzo.setText("0");
-    if (!isNumeric(trim(txtPrezzo.text()))) {
-        avverti("Attenzione! Prezzo articolo errato!", txtPrezzo);
-        return false;
-    }
-    return true;
+    return controllaPrezzo();
 }
 
 bool CampiRiga::RigaSpeciale() const

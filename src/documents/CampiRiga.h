@@ -82,6 +82,7 @@ private:
     void collega();
     // In the order of the fields; what is missing is told and gets the focus.
     [[nodiscard]] bool ControllaRiga();
+    [[nodiscard]] bool controllaPrezzo();  // none counts as 0
     [[nodiscard]] bool controllaCarico();
     [[nodiscard]] RigaDocumento leggi() const;  // after `ControllaRiga`; Errore 6 for an amount out of range
     void ImpostaArticolo(int modo);
